@@ -4,6 +4,4 @@ set(KV_RUNTIME_DLLS
     /usr/lib/gcc/x86_64-w64-mingw32/12-posix/libstdc++-6.dll
     /usr/lib/gcc/x86_64-w64-mingw32/12-posix/libgcc_s_seh-1.dll
     /usr/x86_64-w64-mingw32/lib/libwinpthread-1.dll)
-foreach(dll ${KV_RUNTIME_DLLS})
-    configure_file(${dll} ${CMAKE_BINARY_DIR}/bin COPYONLY)
-endforeach()
+file(COPY ${KV_RUNTIME_DLLS} DESTINATION ${CMAKE_BINARY_DIR}/bin)
