@@ -1,0 +1,16 @@
+#pragma once
+
+#include "host_sdk/InterfaceSlots.h"
+
+/// Element access to an array property of the object that is asked.
+struct IPropertyElementAccess : IUnknown {
+    virtual HRESULT STDMETHODCALLTYPE GetElementValue(long dispid, unsigned key, VARIANT* value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE SetElementValue(long dispid, unsigned key, VARIANT value) = 0;
+    KV_RESERVED_SLOT(5)
+    /// Numbers per group, as 2 or 3 per vertex.
+    virtual HRESULT STDMETHODCALLTYPE GetGroupSize(long dispid, unsigned* size) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetGroupCount(long dispid, long* count) = 0;
+};
+
+__CRT_UUID_DECL(IPropertyElementAccess, 0x5D535710, 0xD49A, 0x11D1, 0xB6, 0x16, 0x00, 0x60, 0xB0, 0x87, 0xE2,
+                0x35)
