@@ -1,0 +1,23 @@
+# Each header is compiled as the only include of a source of its own, so that a missing include shows in the header
+# and not in whoever uses it next.
+set(layers framework host_sdk core families preview numeric lists hatch light resources refhost palette tests/support)
+set(sources)
+foreach(layer ${layers})
+    file(GLOB_RECURSE headers RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${layer}/*.h)
+    foreach(header ${headers})
+        set(source ${CMAKE_BINARY_DIR}/headers_alone/${header}.cpp)
+        file(CONFIGURE OUTPUT ${source} CONTENT "#include \"${header}\"\n")
+        list(APPEND sources ${source})
+    endforeach()
+endforeach()
+
+if(sources)
+    add_library(headers_alone OBJECT ${sources})
+    target_compile_options(headers_alone PRIVATE -O0 -g0)
+    target_link_libraries(headers_alone PRIVATE kv_options kv_hostheaders GTest::gmock)
+    foreach(target KvFrame kv_host_sdk KvHost kvpe_core kvpe_families kvpalette_lib)
+        if(TARGET ${target})
+            target_link_libraries(headers_alone PRIVATE ${target})
+        endif()
+    endforeach()
+endif()

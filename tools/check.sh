@@ -1,0 +1,73 @@
+#!/bin/sh
+# check.sh [fast|all|coverage]
+# Every check of the project; ./test, the commit hook and CI run this script and nothing else.
+#   fast      what needs no build: format, layers, words, lengths, the checks' own tests
+#   all       fast, then the build, headers alone, lint and all tests (default)
+#   coverage  builds with counters, runs the tests and prints the coverage of the module and the framework
+cd "$(dirname "$0")/.." || exit 1
+jobs=$(nproc)
+
+say() { printf '== %s\n' "$*"; }
+fail() { echo "check: $*" >&2; exit 1; }
+
+fast() {
+    say "format"
+    python3 -c 'import sys; sys.path.insert(0, "tools")
+from project_files import project_files
+print("\0".join(project_files((".h", ".cpp"))), end="")' |
+        xargs -0 -r -P "$jobs" -n 40 clang-format --dry-run -Werror 2>&1 | sed -n 's/:[0-9]*:[0-9]*: error:.*//p' |
+        sort -u >build/unformatted.log
+    [ ! -s build/unformatted.log ] || { cat build/unformatted.log; fail "run clang-format -i on these files"; }
+    say "layers"
+    python3 tools/check_layers.py || fail "an include goes against the layers"
+    say "text"
+    python3 tools/check_style.py || fail "a text rule is broken"
+    say "the checks themselves"
+    python3 tools/checks_test.py 2>&1 | tail -n 20 | grep -v '^$' >build/checks_test.log
+    grep -q '^OK' build/checks_test.log || { cat build/checks_test.log; fail "a check does not find what it should"; }
+}
+
+configure() {
+    cmake --preset "$1" >"build/configure-$1.log" 2>&1 ||
+        { grep -A4 'CMake Error' "build/configure-$1.log"; fail "CMake could not configure; see build/configure-$1.log"; }
+}
+
+build() {
+    say "build $1"
+    configure "$1"
+    cmake --build "build/$1" || fail "the build failed"
+}
+
+lint() {
+    say "clang-tidy"
+    python3 tools/lint.py build/dev || fail "clang-tidy has findings"
+    say "cppcheck"
+    mkdir -p build/cppcheck
+    set --
+    for layer in framework host_sdk core families preview numeric lists hatch light refhost palette tests bench; do
+        [ -d "$layer" ] && set -- "$@" "$layer"
+    done
+    cppcheck --quiet -j "$jobs" --std=c++20 --language=c++ --platform=win64 --enable=warning,performance,portability \
+        --inline-suppr --suppressions-list=tools/cppcheck.txt --error-exitcode=1 --cppcheck-build-dir=build/cppcheck \
+        -DUNICODE -D_WIN32 -I. "$@" || fail "cppcheck has findings"
+}
+
+run_tests() {
+    say "tests"
+    sh tools/make-prefix.sh "${KV_WINEPREFIX:-$PWD/build/wineprefix}" || fail "the Wine prefix could not be made"
+    ctest --test-dir "build/$1" --output-on-failure
+}
+
+mkdir -p build
+case ${1:-all} in
+    fast) fast ;;
+    all) fast && build dev && lint && run_tests dev ;;
+    coverage)
+        build coverage && run_tests coverage || exit 1
+        say "coverage"
+        gcovr --gcov-executable x86_64-w64-mingw32-gcov-posix -r . --object-directory build/coverage -j "$jobs" \
+            --exclude-unreachable-branches --exclude-throw-branches \
+            --filter 'core/' --filter 'families/' --filter 'framework/' --print-summary
+        ;;
+    *) echo "usage: check.sh [fast|all|coverage]" >&2; exit 2 ;;
+esac

@@ -1,0 +1,56 @@
+#!/usr/bin/env python3
+"""Tests of the checks: each must be able to fail."""
+
+import unittest
+
+from check_layers import check_include
+from check_style import complaints_about
+from lint import included_files
+
+KNOWN = {"core/A.h", "families/B.h", "framework/base/C.h", "preview/CKvPePreviewAbleCtrlBase.h", "preview/P.h"}
+
+
+class CheckLayers(unittest.TestCase):
+    def test_include_of_a_lower_layer_is_accepted(self):
+        self.assertIsNone(check_include("families/B.cpp", "framework/base/C.h", KNOWN))
+
+    def test_include_of_an_upper_layer_is_refused(self):
+        self.assertIn("core may not include families", check_include("core/A.cpp", "families/B.h", KNOWN))
+
+    def test_only_the_named_headers_of_preview_are_open_to_families(self):
+        self.assertIsNone(check_include("families/B.cpp", "preview/CKvPePreviewAbleCtrlBase.h", KNOWN))
+        self.assertIsNotNone(check_include("families/B.cpp", "preview/P.h", KNOWN))
+
+    def test_palette_sees_the_interfaces_but_no_class_of_the_module(self):
+        self.assertIsNone(check_include("palette/Row.cpp", "KvPEXCtl_h.h", KNOWN))
+        self.assertIsNotNone(check_include("palette/Row.cpp", "core/A.h", KNOWN))
+
+    def test_host_never_sees_the_module(self):
+        self.assertIsNotNone(check_include("refhost/H.cpp", "core/A.h", KNOWN))
+        self.assertIsNotNone(check_include("refhost/H.cpp", "KvPEXCtl_h.h", KNOWN))
+
+    def test_relative_include_is_refused(self):
+        self.assertIn("path from the root", check_include("core/A.cpp", "A.h", KNOWN))
+
+    def test_tests_may_include_all(self):
+        self.assertIsNone(check_include("tests/unit/X_test.cpp", "families/B.h", KNOWN))
+
+
+class CheckStyle(unittest.TestCase):
+    def test_clean_header_has_no_complaint(self):
+        self.assertEqual(complaints_about("core/A.h", "#pragma once\nint Unspecified();\n"), [])
+
+    def test_unwanted_word_is_found_with_its_line(self):
+        self.assertEqual(complaints_about("core/A.cpp", "int a;\n// TO" "DO\n")[0][0], 2)
+
+    def test_long_header_and_missing_pragma_are_found(self):
+        self.assertEqual(len(complaints_about("core/A.h", "\n" * 251)), 2)
+
+
+class Lint(unittest.TestCase):
+    def test_key_of_a_source_covers_the_headers_it_reaches(self):
+        self.assertIn("tests/support/MessagePump.h", included_files("tests/support/LeakCheck.cpp"))
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,86 @@
+#!/usr/bin/env python3
+"""lint.py BUILD_DIR [FILE...]: runs clang-tidy on the sources that changed since they last passed.
+
+A source's key is the content of the source, of the project headers it reaches, of .clang-tidy and of its compile
+command; a key that passed is remembered in build/lint."""
+
+import concurrent.futures
+import hashlib
+import json
+import os
+import re
+import subprocess
+import sys
+
+from project_files import ROOT
+
+RUNTIME = "/usr/lib/gcc/x86_64-w64-mingw32/12-posix/include/c++"
+# clang knows the target but not where this compiler keeps its C++ library.
+ARGUMENTS = ["clang-tidy", "--quiet", "--extra-arg-before=--target=x86_64-w64-windows-gnu", "--extra-arg=-nostdinc++",
+             f"--extra-arg=-isystem{RUNTIME}", f"--extra-arg=-isystem{RUNTIME}/x86_64-w64-mingw32"]
+STAMPS = os.path.join(ROOT, "build", "lint")
+INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*"([^"]+)"', re.MULTILINE)
+
+
+def read(path):
+    with open(os.path.join(ROOT, path), "rb") as file:
+        return file.read()
+
+
+def included_files(path, found=None):
+    """The source and every project file that it includes, directly or not."""
+    found = {path} if found is None else found
+    for include in INCLUDE.findall(read(path).decode("utf-8", "replace")):
+        if include not in found and os.path.isfile(os.path.join(ROOT, include)):
+            found.add(include)
+            included_files(include, found)
+    return found
+
+
+def key_of(path, command):
+    digest = hashlib.sha256(command.encode() + read(".clang-tidy"))
+    for file in sorted(included_files(path)):
+        digest.update(file.encode() + read(file))
+    return digest.hexdigest()
+
+
+def sources(build):
+    """(path from the root, compile command) of our own sources."""
+    with open(os.path.join(build, "compile_commands.json"), encoding="utf-8") as file:
+        commands = json.load(file)
+    build_prefix = os.path.join(ROOT, "build") + os.sep
+    for command in commands:
+        path = command["file"]
+        if path.startswith(ROOT + os.sep) and not path.startswith(build_prefix) and path.endswith(".cpp"):
+            yield os.path.relpath(path, ROOT), command["command"]
+
+
+def lint(build, path, key):
+    """The findings in one source; remembers the key when there are none."""
+    result = subprocess.run(ARGUMENTS + ["-p", build, path], cwd=ROOT, capture_output=True, text=True, check=False)
+    if result.returncode == 0:
+        with open(os.path.join(STAMPS, key), "w", encoding="utf-8"):
+            return ""
+    return result.stdout or result.stderr
+
+
+def main(build, only):
+    os.makedirs(STAMPS, exist_ok=True)
+    work = {}
+    for path, command in sources(build):
+        key = key_of(path, command)
+        if (not only or path in only) and not os.path.exists(os.path.join(STAMPS, key)):
+            work.setdefault(path, key)
+    failed = 0
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        for findings in pool.map(lambda item: lint(build, *item), work.items()):
+            if findings:
+                print(findings, flush=True)
+                failed += 1
+    if work:
+        print(f"clang-tidy: {len(work)} sources looked at, {failed} with findings")
+    return 1 if failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(os.path.abspath(sys.argv[1]), set(sys.argv[2:])))
