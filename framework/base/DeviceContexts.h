@@ -1,0 +1,100 @@
+// Owners of device contexts, named by how the context was got, and scopes for changes to one.
+#pragma once
+
+#include "framework/base/WindowsApi.h"
+
+namespace fw {
+
+// From GetDC. With a null window it is the screen's.
+class WindowDc {
+public:
+    explicit WindowDc(HWND window) : m_window(window), m_dc(::GetDC(window)) {}
+    ~WindowDc() {
+        if (m_dc) {
+            ::ReleaseDC(m_window, m_dc);
+        }
+    }
+    WindowDc(const WindowDc&) = delete;
+    WindowDc& operator=(const WindowDc&) = delete;
+
+    HDC Get() const { return m_dc; }
+    operator HDC() const { return m_dc; }
+
+private:
+    HWND m_window;
+    HDC m_dc;
+};
+
+// From BeginPaint, for the length of one WM_PAINT.
+class PaintDc {
+public:
+    explicit PaintDc(HWND window) : m_window(window), m_dc(::BeginPaint(window, &m_paint)) {}
+    ~PaintDc() { ::EndPaint(m_window, &m_paint); }
+    PaintDc(const PaintDc&) = delete;
+    PaintDc& operator=(const PaintDc&) = delete;
+
+    HDC Get() const { return m_dc; }
+    operator HDC() const { return m_dc; }
+    const RECT& DirtyRect() const { return m_paint.rcPaint; }
+    bool EraseWanted() const { return m_paint.fErase != FALSE; }
+
+private:
+    HWND m_window;
+    PAINTSTRUCT m_paint{};
+    HDC m_dc;
+};
+
+// From CreateCompatibleDC. What is selected into it must leave before it ends: use ScopedSelect.
+class MemoryDc {
+public:
+    explicit MemoryDc(HDC like) : m_dc(::CreateCompatibleDC(like)) {}
+    ~MemoryDc() {
+        if (m_dc) {
+            ::DeleteDC(m_dc);
+        }
+    }
+    MemoryDc(const MemoryDc&) = delete;
+    MemoryDc& operator=(const MemoryDc&) = delete;
+
+    HDC Get() const { return m_dc; }
+    operator HDC() const { return m_dc; }
+
+private:
+    HDC m_dc;
+};
+
+// Selects a pen, brush, font or bitmap and puts the earlier one back. A null object selects nothing.
+class ScopedSelect {
+public:
+    ScopedSelect(HDC dc, HGDIOBJ object) : m_dc(dc), m_old(object ? ::SelectObject(dc, object) : nullptr) {}
+    ~ScopedSelect() {
+        if (m_old) {
+            ::SelectObject(m_dc, m_old);
+        }
+    }
+    ScopedSelect(const ScopedSelect&) = delete;
+    ScopedSelect& operator=(const ScopedSelect&) = delete;
+
+private:
+    HDC m_dc;
+    HGDIOBJ m_old;
+};
+
+// Saves the whole state of a context and restores it.
+class ScopedSaveDc {
+public:
+    explicit ScopedSaveDc(HDC dc) : m_dc(dc), m_saved(::SaveDC(dc)) {}
+    ~ScopedSaveDc() {
+        if (m_saved != 0) {
+            ::RestoreDC(m_dc, m_saved);
+        }
+    }
+    ScopedSaveDc(const ScopedSaveDc&) = delete;
+    ScopedSaveDc& operator=(const ScopedSaveDc&) = delete;
+
+private:
+    HDC m_dc;
+    int m_saved;
+};
+
+}  // namespace fw
