@@ -44,7 +44,7 @@ lint() {
     say "cppcheck"
     mkdir -p build/cppcheck
     set --
-    for layer in framework host_sdk core families preview numeric lists hatch light refhost palette tests bench; do
+    for layer in framework host_sdk core families preview numeric lists hatch light refhost palette tests benchmarks; do
         [ -d "$layer" ] && set -- "$@" "$layer"
     done
     cppcheck --quiet -j "$jobs" --std=c++20 --language=c++ --platform=win64 --enable=warning,performance,portability \

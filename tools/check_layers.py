@@ -30,7 +30,7 @@ ALSO = {
 # Headers that the build makes from the type library: the module's COM interfaces, and nothing of its classes.
 GENERATED = {"KvPEXCtl_h.h": {"core", "families", "preview", "numeric", "lists", "hatch", "light", "palette"}}
 
-EVERYTHING = {"tests", "bench"}
+EVERYTHING = {"tests", "benchmarks"}
 
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*"([^"]+)"', re.MULTILINE)
 

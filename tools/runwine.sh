@@ -1,10 +1,10 @@
 #!/bin/sh
 # runwine.sh PROGRAM [ARGS]
 # Runs one Windows program in the project's Wine prefix and passes its output and exit status on.
-# Output goes through a file: background Wine processes would otherwise keep the caller's pipe open.
+# Output goes through files: background Wine processes would otherwise keep the caller's pipe open.
 #   KV_WINEPREFIX       the prefix; made when it does not exist
 #   KV_DISPLAY          X display for a prefix made with --display; by default no display is used
-#   WINE_TEST_TIMEOUT   seconds before the program is ended (300)
+#   WINE_TEST_TIMEOUT   seconds before the program is ended (300; 0 never)
 root=$(cd "$(dirname "$0")/.." && pwd)
 export WINEPREFIX="${KV_WINEPREFIX:-$root/build/wineprefix}"
 export WINEDEBUG="${WINEDEBUG:--all}" LC_ALL=C.UTF-8
@@ -17,9 +17,11 @@ trap 'rm -rf "$scratch"' EXIT
 # A test program that ends in the middle with status 0 leaves this file behind.
 export TEST_PREMATURE_EXIT_FILE="Z:$scratch/premature"
 
-timeout -k 2 "${WINE_TEST_TIMEOUT:-300}" /usr/lib/wine/wine64 "$@" >"$scratch/out" 2>&1 </dev/null
+timeout --foreground -k 2 "${WINE_TEST_TIMEOUT:-300}" /usr/lib/wine/wine64 "$@" \
+    >"$scratch/out" 2>"$scratch/err" </dev/null
 rc=$?
 tr -d '\r' <"$scratch/out"
+tr -d '\r' <"$scratch/err" >&2
 case $rc in
     53) echo "runwine: a DLL that $1 needs is missing (run again with WINEDEBUG=)" >&2 ;;
     124 | 137) echo "runwine: $1 was ended after ${WINE_TEST_TIMEOUT:-300} seconds" >&2 ;;
