@@ -1,6 +1,6 @@
 #include "tests/support/CrashReport.h"
 
-#include <windows.h>
+#include "framework/base/WindowsApi.h"
 
 #include <cstdio>
 

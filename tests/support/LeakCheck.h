@@ -1,6 +1,6 @@
 #pragma once
 
-#include <windows.h>
+#include "framework/base/WindowsApi.h"
 
 #include <functional>
 #include <string>

@@ -1,10 +1,8 @@
 #include <gtest/gtest.h>
-#include <windows.h>
-
-#include <ole2.h>
 
 #include <memory>
 
+#include "framework/base/WindowsApi.h"
 #include "tests/support/CrashReport.h"
 #include "tests/support/LeakCheck.h"
 #include "tests/support/WarmUp.h"

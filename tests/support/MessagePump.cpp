@@ -1,6 +1,6 @@
 #include "tests/support/MessagePump.h"
 
-#include <windows.h>
+#include "framework/base/WindowsApi.h"
 
 namespace kvtest {
 

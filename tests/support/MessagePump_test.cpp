@@ -1,7 +1,8 @@
 #include "tests/support/MessagePump.h"
 
 #include <gtest/gtest.h>
-#include <windows.h>
+
+#include "framework/base/WindowsApi.h"
 
 namespace {
 

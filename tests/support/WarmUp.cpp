@@ -1,13 +1,10 @@
 #include "tests/support/WarmUp.h"
 
-#include <windows.h>
-
-#include <commctrl.h>
+#include "framework/base/WindowsApi.h"
+#include "tests/support/MessagePump.h"
 
 #include <utility>
 #include <vector>
-
-#include "tests/support/MessagePump.h"
 
 namespace kvtest {
 namespace {
