@@ -1,0 +1,10 @@
+#pragma once
+
+#include "framework/base/WindowsApi.h"
+
+/// Posted to a list row to cancel its drop-down when the message that opened it is done.
+inline constexpr UINT WM_KVPE_CANCEL_DROPDOWN = WM_USER + 1;
+/// A text tip asks its owner to paint the text.
+inline constexpr UINT WM_KVPE_DRAW_TIP = WM_APP + 1;
+/// The mouse rests on an entry of an open list.
+inline constexpr UINT WM_KVPE_LIST_HOVER = 1824;

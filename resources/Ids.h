@@ -1,0 +1,8 @@
+#pragma once
+
+// Ids of the satellite's resources. Plain macros: the resource compiler reads this file too.
+
+#define IDS_DIALOG_CLASS_NOT_REGISTERED 79
+#define IDS_UNDO_PROPERTY_CHANGE 87
+#define IDS_VARIES_TEXT 228
+#define IDS_UNSPECIFIED_TEXT 229
