@@ -12,21 +12,22 @@ namespace kvhost {
 // The text forms of journal arguments: numbers in decimal, HRESULTs as 0x%08X, object ids by handle in
 // hexadecimal, strings as they stand, null as "null", truth as 1 and 0.
 
+/// Marks a number as a result code. The type alone does not tell: HRESULT and dispatch ids are both long.
+struct ResultCode {
+    HRESULT value;
+};
+
 [[nodiscard]] KVHOST_API std::wstring AsText(const wchar_t* text);
 [[nodiscard]] KVHOST_API std::wstring AsText(const std::wstring& text);
 [[nodiscard]] KVHOST_API std::wstring AsText(KvDbObjectId id);
 [[nodiscard]] KVHOST_API std::wstring AsText(const VARIANT& value);
 [[nodiscard]] KVHOST_API std::wstring AsText(double number);
-[[nodiscard]] KVHOST_API std::wstring HresultText(HRESULT result);
+[[nodiscard]] KVHOST_API std::wstring AsText(ResultCode code);
 
 template <class Number>
 requires(std::is_integral_v<Number> || std::is_enum_v<Number>) [[nodiscard]] std::wstring
     AsText(Number number) {
-    if constexpr (std::is_same_v<Number, HRESULT>) {
-        return HresultText(number);
-    } else {
-        return std::to_wstring(static_cast<long long>(number));
-    }
+    return std::to_wstring(static_cast<long long>(number));
 }
 
 [[nodiscard]] inline std::wstring JoinAsText() {

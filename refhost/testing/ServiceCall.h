@@ -8,6 +8,8 @@
 
 namespace kvhost {
 
+class Journal;
+
 /// Brackets the body of one host service: writes its journal line and asks the fault switches.
 /// Use: `ServiceCall call(L"kvedGetVar", name); if (call.Fails()) return call.Returns(KVED_RTERROR); ...`
 /// Costs one test of a flag while neither a journal nor a fault is in force.
@@ -33,14 +35,22 @@ public:
         }
         return result;
     }
+    /// The same for a result code, which the journal shows in hexadecimal.
+    HRESULT ReturnsCode(HRESULT result) {
+        if (m_entry != c_noEntry) {
+            End(AsText(ResultCode{result}));
+        }
+        return result;
+    }
 
 private:
     static constexpr std::size_t c_noEntry = static_cast<std::size_t>(-1);
 
     [[nodiscard]] static bool IsWatched();
-    void Begin(const wchar_t* name, std::wstring arguments);
+    void Begin(const wchar_t* name, const std::wstring& arguments);
     void End(const std::wstring& result);
 
+    Journal* m_journal = nullptr;  // not owned; the one attached when the call began
     std::size_t m_entry = c_noEntry;
     bool m_fails = false;
 };

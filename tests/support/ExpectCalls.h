@@ -56,7 +56,8 @@ using CallLines = std::vector<std::string>;
 }
 
 /// Names the first line that differs and shows both lists, so that a failed test is read without a debugger.
-[[nodiscard]] inline ::testing::AssertionResult SameCalls(const CallLines& expected, const CallLines& actual) {
+[[nodiscard]] inline ::testing::AssertionResult SameCalls(const CallLines& expected,
+                                                          const CallLines& actual) {
     if (expected == actual) {
         return ::testing::AssertionSuccess();
     }
