@@ -8,6 +8,8 @@ public:
     BOOL Create(DWORD style, const RECT& bounds, HWND parent, UINT id, DWORD exStyle = 0,
                 HINSTANCE module = fw::ThisModule());
 
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+
     // The parts, null if there is none: the drop-down list (a child of the desktop) and the edit box.
     HWND GetListWindow() const;
     HWND GetEditWindow() const;

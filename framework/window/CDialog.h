@@ -2,9 +2,8 @@
 
 #include "framework/window/CWnd.h"
 
-// A dialog made from a template of the current resource handle. Enter and Escape end a modal dialog by OnOK
-// and OnCancel, like its buttons; a modeless one hides nothing and ends nothing by itself beyond
-// DestroyWindow.
+// A dialog made from a template of the current resource handle. Its buttons, Enter and Escape come to OnOK
+// and OnCancel, which end it.
 class FW_API CDialog : public CWnd {
 public:
     CDialog() = default;

@@ -10,9 +10,9 @@
 #include "framework/window/WindowClass.h"
 
 // One window. A window that was created or subclassed here is permanent: it is found from its handle and
-// receives messages in WindowProc. The object belongs to whoever made it; deleting it ends the window.
-// Messages that the end of the window sends reach derived classes only if their destructor calls
-// DestroyWindow itself. A handler may destroy the window and delete the object.
+// receives its messages in WindowProc. The object belongs to whoever made it; its deletion destroys a created
+// window and lets a subclassed one go. A derived class that wants the last messages of its window destroys it
+// in its own destructor. A handler may destroy the window and delete the object.
 class FW_API CWnd : public fw::Watchable {
 public:
     CWnd() = default;
@@ -137,8 +137,12 @@ private:
 
     struct Call;  // one message that is being handled
 
+    BOOL CreateOfClass(DWORD exStyle, const wchar_t* className, const wchar_t* text, DWORD style,
+                       const RECT& bounds, HWND parent, UINT_PTR idOrMenu, HINSTANCE module, void* parameter);
+
     Call* m_call = nullptr;          // the innermost one
     WNDPROC m_formerProc = nullptr;  // of a subclassed window
-    HINSTANCE m_module = nullptr;    // whose code the window needs; null for a window that is only looked at
-    bool m_finalDue = false;         // the window is gone, OnFinalMessage still has to come
+    HINSTANCE m_module = nullptr;  // whose code a permanent window needs; null for one that is only looked at
+    bool m_created = false;        // made here, and therefore ended with the object
+    HWND m_formerWindow = nullptr;  // gone, with OnFinalMessage still to come
 };
