@@ -1,0 +1,54 @@
+#pragma once
+
+#include <span>
+
+#include "framework/com/Variant.h"
+#include "host_sdk/ErrorStatus.h"
+#include "host_sdk/KvDbObject.h"
+
+namespace kvhost {
+
+/// What a property can do beyond being read and written. Combined bit by bit in PropertyDescription::flags.
+enum PropertyFlag : unsigned {
+    PropertyReadOnly = 1,     ///< never written
+    PropertyUnspecified = 2,  ///< knows the unspecified state
+    PropertyExpression = 4,   ///< can be bound to an expression
+    PropertyDialog = 8,       ///< has a dialog, found by IPerPropertyBrowsing::MapPropertyToPage
+    PropertyMasked = 16,      ///< its text is not to be shown
+};
+
+/// One value of an enumerated property: its name in the type library, the text that users see, its number.
+struct EnumerationEntry {
+    const wchar_t* name;
+    const wchar_t* displayText;
+    long value;
+};
+
+/// An enumeration of the type library.
+struct Enumeration {
+    const wchar_t* name;
+    std::span<const EnumerationEntry> entries;
+};
+
+/// Read from and write to an object that is open for it. The setter's value has the property's type.
+using PropertyGetter = Tolm::ErrorStatus (*)(const KvDbObject& object, fw::Variant& value);
+using PropertySetter = Tolm::ErrorStatus (*)(KvDbObject& object, const fw::Variant& value);
+
+/// One row of a property table, from which dispatch interface, type information, palette rows and
+/// documentation are made. All texts live as long as the host.
+struct PropertyDescription {
+    DISPID dispid;
+    const wchar_t* name;         ///< in the automation interface
+    const wchar_t* displayName;  ///< in the palette
+    const wchar_t* category;
+    VARTYPE type;
+    const wchar_t* control;  ///< coclass name of the row's control, as "KvPePropertyEditorText"
+    unsigned flags;
+    PropertyGetter get;
+    PropertySetter set;                        ///< null for a read-only property
+    const Enumeration* enumeration = nullptr;  ///< null when the values are free
+
+    [[nodiscard]] bool Has(PropertyFlag flag) const { return (flags & flag) != 0; }
+};
+
+}  // namespace kvhost
