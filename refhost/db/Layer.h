@@ -1,0 +1,55 @@
+#pragma once
+
+#include "host_sdk/KvDbLayerTableRecord.h"
+#include "refhost/db/ObjectFace.h"
+
+namespace kvhost {
+
+/// A layer of the drawing.
+class KVHOST_API Layer final : public ObjectFace<Layer, KvDbLayerTableRecord, Object> {
+public:
+    Layer();
+    ~Layer() override;
+    [[nodiscard]] static KvRxClass* desc();
+
+    [[nodiscard]] const std::wstring& Name() const { return m_name; }
+    /// eInvalidInput for a name that no symbol can have, eDuplicateKey for one that is taken (letter case
+    /// apart), eNotAllowed for layer "0" and external layers.
+    Tolm::ErrorStatus SetName(std::wstring_view name);
+    [[nodiscard]] const ColorValue& Color() const { return m_color; }
+    /// eInvalidInput for ByLayer and ByBlock.
+    Tolm::ErrorStatus SetColor(const ColorValue& color);
+    [[nodiscard]] bool IsOn() const { return m_on; }
+    Tolm::ErrorStatus SetOn(bool on) { return Change(m_on, on); }
+    [[nodiscard]] bool IsFrozen() const { return m_frozen; }
+    Tolm::ErrorStatus SetFrozen(bool frozen) { return Change(m_frozen, frozen); }
+    [[nodiscard]] bool IsLocked() const { return m_locked; }
+    Tolm::ErrorStatus SetLocked(bool locked) { return Change(m_locked, locked); }
+    /// The layer comes from another drawing that is only referred to.
+    [[nodiscard]] bool IsExternal() const { return m_external; }
+    Tolm::ErrorStatus SetExternal(bool external) { return Change(m_external, external); }
+    [[nodiscard]] const std::wstring& Linetype() const { return m_linetype; }
+    Tolm::ErrorStatus SetLinetype(std::wstring_view name) { return ChangeText(m_linetype, name); }
+    [[nodiscard]] const std::wstring& Description() const { return m_description; }
+    Tolm::ErrorStatus SetDescription(std::wstring_view text) { return ChangeText(m_description, text); }
+
+    // KvDbLayerTableRecord
+    [[nodiscard]] bool isLocked() const override;
+
+    // Object
+    [[nodiscard]] const wchar_t* ClassName() const override { return L"Layer"; }
+    void VisitFields(FieldVisitor& visitor) override;
+    [[nodiscard]] std::wstring Complaint() const override;
+
+private:
+    std::wstring m_name;
+    ColorValue m_color = ColorValue::OfIndex(7);
+    bool m_on = true;
+    bool m_frozen = false;
+    bool m_locked = false;
+    bool m_external = false;
+    std::wstring m_linetype = L"Continuous";
+    std::wstring m_description;
+};
+
+}  // namespace kvhost

@@ -1,0 +1,24 @@
+#pragma once
+
+namespace kvhost {
+
+class Object;
+
+/// Hears of the changes of the objects that it is attached to. Not owned by them: detach before it dies.
+class ObjectReactor {
+public:
+    /// The first change of an open is about to happen; the object still has its old state.
+    virtual void OpenedForModify(const Object& /*object*/) {}
+    /// An open with changes was closed, a part of the object (a record of a table) changed, or undo changed
+    /// it.
+    virtual void Modified(const Object& /*object*/) {}
+    /// Erased, or (`erased` false) brought back.
+    virtual void Erased(const Object& /*object*/, bool /*erased*/) {}
+    /// The object is being destroyed with its database; the reactor is detached already.
+    virtual void Gone(const Object& /*object*/) {}
+
+protected:
+    ~ObjectReactor() = default;
+};
+
+}  // namespace kvhost
