@@ -1,0 +1,114 @@
+#include "refhost/testing/ScriptedAnswers.h"
+
+#include "framework/base/Hresult.h"
+#include "framework/com/Bstr.h"
+#include "refhost/automation/CountedArrays.h"
+#include "refhost/testing/JournalText.h"
+
+namespace kvhost {
+
+namespace {
+
+HRESULT AnswerTruth(HRESULT began, HRESULT scripted, bool truth, VARIANT_BOOL* result) {
+    RETURN_IF_NULL_POINTER(result);
+    RETURN_IF_FAILED_EXPECTED(began);
+    RETURN_IF_FAILED_EXPECTED(scripted);
+    *result = truth ? VARIANT_TRUE : VARIANT_FALSE;
+    return scripted;
+}
+
+}  // namespace
+
+HRESULT AnswerIsUnspecified(CallScript& script, ScriptedValue& value, const std::wstring& subject,
+                            VARIANT_BOOL* unspecified) {
+    return AnswerTruth(script.Begin(L"IsUnspecified", subject), value.isUnspecifiedResult, value.unspecified,
+                       unspecified);
+}
+
+HRESULT AnswerSetUnspecified(CallScript& script, ScriptedValue& value, const std::wstring& subject,
+                             VARIANT_BOOL unspecified) {
+    RETURN_IF_FAILED_EXPECTED(script.Begin(L"SetUnspecified", JoinAsText(subject, unspecified)));
+    RETURN_IF_FAILED_EXPECTED(value.setUnspecifiedResult);
+    value.unspecified = unspecified != VARIANT_FALSE;
+    return value.setUnspecifiedResult;
+}
+
+HRESULT AnswerIsUnspecifiedAllowed(CallScript& script, ScriptedValue& value, const std::wstring& subject,
+                                   VARIANT_BOOL* allowed) {
+    return AnswerTruth(script.Begin(L"IsUnspecifiedAllowed", subject), value.isUnspecifiedAllowedResult,
+                       value.unspecifiedAllowed, allowed);
+}
+
+HRESULT AnswerGetUnspecifiedText(CallScript& script, ScriptedValue& value, const std::wstring& subject,
+                                 BSTR* text) {
+    RETURN_IF_NULL_POINTER(text);
+    *text = nullptr;
+    RETURN_IF_FAILED_EXPECTED(script.Begin(L"GetUnspecifiedText", subject));
+    RETURN_HR_IF(E_FAIL, !value.unspecifiedText);
+    return fw::MakeBstr(*value.unspecifiedText, text);
+}
+
+HRESULT AnswerIsExpressionSupported(CallScript& script, ScriptedValue& value, const std::wstring& subject,
+                                    VARIANT_BOOL* supported) {
+    return AnswerTruth(script.Begin(L"IsExpressionSupported", subject), value.isExpressionSupportedResult,
+                       value.expressionSupported, supported);
+}
+
+HRESULT AnswerGetExpression(CallScript& script, ScriptedValue& value, const std::wstring& subject,
+                            BSTR* expression) {
+    RETURN_IF_NULL_POINTER(expression);
+    *expression = nullptr;
+    RETURN_IF_FAILED_EXPECTED(script.Begin(L"GetExpression", subject));
+    RETURN_IF_FAILED_EXPECTED(value.getExpressionResult);
+    return fw::MakeBstr(value.expression, expression);
+}
+
+HRESULT AnswerSetExpression(CallScript& script, ScriptedValue& value, const std::wstring& subject,
+                            const wchar_t* expression) {
+    RETURN_IF_FAILED_EXPECTED(script.Begin(L"SetExpression", JoinAsText(subject, expression)));
+    RETURN_IF_FAILED_EXPECTED(value.setExpressionResult);
+    value.expression = expression != nullptr ? expression : L"";
+    return value.setExpressionResult;
+}
+
+HRESULT AnswerMapPropertyToPage(CallScript& script, const ScriptedValue& value, DISPID dispid, CLSID* page) {
+    RETURN_IF_NULL_POINTER(page);
+    RETURN_IF_FAILED_EXPECTED(script.Begin(L"MapPropertyToPage", AsText(dispid)));
+    *page = value.page;
+    return value.pageResult;
+}
+
+HRESULT AnswerGetDisplayString(CallScript& script, const ScriptedValue& value, DISPID dispid, BSTR* text) {
+    RETURN_IF_NULL_POINTER(text);
+    *text = nullptr;
+    RETURN_IF_FAILED_EXPECTED(script.Begin(L"GetDisplayString", AsText(dispid)));
+    RETURN_HR_IF(E_NOTIMPL, !value.displayString);
+    return fw::MakeBstr(*value.displayString, text);
+}
+
+HRESULT AnswerGetPredefinedStrings(CallScript& script, const ScriptedValue& value, DISPID dispid,
+                                   CALPOLESTR* strings, CADWORD* cookies) {
+    RETURN_IF_FAILED_EXPECTED(script.Begin(L"GetPredefinedStrings", AsText(dispid)));
+    return MakeCountedArrays(value.predefinedStrings, strings, cookies);
+}
+
+HRESULT AnswerGetPredefinedValue(CallScript& script, const ScriptedValue& value, DISPID dispid, DWORD cookie,
+                                 VARIANT* result) {
+    RETURN_IF_NULL_POINTER(result);
+    ::VariantInit(result);
+    RETURN_IF_FAILED_EXPECTED(script.Begin(L"GetPredefinedValue", JoinAsText(dispid, cookie)));
+    RETURN_HR_IF(E_NOTIMPL, cookie >= value.predefinedValues.size());
+    return value.predefinedValues[cookie].CopyTo(result);
+}
+
+void KeepPut(ScriptedValue& value, const VARIANT& put) {
+    fw::Variant copy;
+    // A value that cannot be copied is still a put: it is noted as empty.
+    fw::Ignore(copy.CopyIndirectFrom(put));
+    value.puts.push_back(copy);
+    if (value.keepsPuts) {
+        value.Set(copy.Get());
+    }
+}
+
+}  // namespace kvhost
