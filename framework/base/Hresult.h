@@ -10,7 +10,8 @@ FW_API void TraceFailure(HRESULT result, const char* expression, const char* fil
 
 /// Drops a result on purpose. The caller says in a comment why the result does not matter.
 template <class Result>
-constexpr void Ignore(const Result&) noexcept {}
+constexpr void Ignore(const Result&) noexcept {
+}
 
 }  // namespace fw
 
@@ -21,13 +22,13 @@ constexpr void Ignore(const Result&) noexcept {}
 #endif
 
 /// For failures that are bugs: traced in debug builds, then handed to the caller.
-#define RETURN_IF_FAILED(expression)                           \
-    do {                                                       \
-        const HRESULT resultOfCall_ = (expression);            \
-        if (FAILED(resultOfCall_)) {                           \
-            KV_TRACE_FAILURE(resultOfCall_, #expression);      \
-            return resultOfCall_;                              \
-        }                                                      \
+#define RETURN_IF_FAILED(expression)                      \
+    do {                                                  \
+        const HRESULT resultOfCall_ = (expression);       \
+        if (FAILED(resultOfCall_)) {                      \
+            KV_TRACE_FAILURE(resultOfCall_, #expression); \
+            return resultOfCall_;                         \
+        }                                                 \
     } while (false)
 
 /// For failures that happen to users: handed to the caller without a trace.

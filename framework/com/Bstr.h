@@ -1,8 +1,8 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
 #include <string_view>
+#include <utility>
 
 #include "framework/base/Export.h"
 #include "framework/base/WindowsApi.h"
@@ -29,6 +29,7 @@ public:
     /// Hands the BSTR to the caller.
     [[nodiscard]] BSTR Detach() noexcept;
     void Reset() noexcept;
+    void swap(Bstr& other) noexcept { std::swap(m_text, other.m_text); }
 
     std::size_t Length() const noexcept { return ::SysStringLen(m_text); }
     bool IsEmpty() const noexcept { return Length() == 0; }

@@ -72,9 +72,9 @@ public:
     STDMETHODIMP EnableModeless(BOOL enable) override;
 
     // IViewObject
-    STDMETHODIMP Draw(DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* device, HDC targetDc, HDC dc,
-                      LPCRECTL bounds, LPCRECTL metafileBounds, BOOL(STDMETHODCALLTYPE* goOn)(ULONG_PTR),
-                      ULONG_PTR goOnArgument) override;
+    STDMETHODIMP Draw(DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* device, HDC targetDc,
+                      HDC dc, LPCRECTL bounds, LPCRECTL metafileBounds,
+                      BOOL(STDMETHODCALLTYPE* goOn)(ULONG_PTR), ULONG_PTR goOnArgument) override;
     STDMETHODIMP GetColorSet(DWORD aspect, LONG index, void* aspectInfo, DVTARGETDEVICE* device, HDC targetDc,
                              LOGPALETTE** result) override;
     STDMETHODIMP Freeze(DWORD aspect, LONG index, void* aspectInfo, DWORD* cookie) override;
@@ -86,8 +86,10 @@ public:
     // IViewObjectEx
     STDMETHODIMP GetRect(DWORD aspect, LPRECTL result) override;
     STDMETHODIMP GetViewStatus(DWORD* status) override;
-    STDMETHODIMP QueryHitPoint(DWORD aspect, LPCRECT bounds, POINT point, LONG closeHint, DWORD* result) override;
-    STDMETHODIMP QueryHitRect(DWORD aspect, LPCRECT bounds, LPCRECT area, LONG closeHint, DWORD* result) override;
+    STDMETHODIMP QueryHitPoint(DWORD aspect, LPCRECT bounds, POINT point, LONG closeHint,
+                               DWORD* result) override;
+    STDMETHODIMP QueryHitRect(DWORD aspect, LPCRECT bounds, LPCRECT area, LONG closeHint,
+                              DWORD* result) override;
     STDMETHODIMP GetNaturalExtent(DWORD aspect, LONG index, DVTARGETDEVICE* device, HDC targetDc,
                                   DVEXTENTINFO* info, LPSIZEL extent) override;
 
@@ -110,8 +112,11 @@ public:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 protected:
-    CComControl();
-    ~CComControl() override;
+    /// What a control measures before its container says: 2 by 1/4 inch, a row of a palette.
+    static constexpr SIZEL s_defaultExtent{5080, 635};
+
+    CComControl() = default;
+    ~CComControl() override = default;
     void FinalRelease();
 
     // What a derived class makes of the control. Each may be called without a window.
@@ -131,7 +136,8 @@ protected:
     /// The user or a verb has made the control UI active: client is its window's client rectangle. Not called
     /// while the control closes. A failure does not undo the activation.
     virtual HRESULT OnUserActivated(const RECT& client);
-    /// UIDeactivate was asked for, before the site hears of it; also when the control was not UI active.
+    /// UIDeactivate was asked for, before the site hears of it; also when the control was not UI active. Not
+    /// called by DoVerbHide, which takes back the UI activation without it.
     virtual HRESULT OnUIDeactivating();
     /// The window has its new place.
     virtual HRESULT OnObjectRectsSet(const RECT& position, const RECT& clip);
@@ -144,7 +150,7 @@ protected:
 
     // What a derived class may ask of its container.
 
-    /// Reads an ambient property; fails when the site has none. The value is cleared first.
+    /// Reads an ambient property; fails when the site has none. What the value held is cleared first.
     HRESULT GetAmbientProperty(DISPID id, VARIANT& value);
     HRESULT GetAmbientBackColor(OLE_COLOR& color);
     HRESULT GetAmbientForeColor(OLE_COLOR& color);
@@ -153,7 +159,8 @@ protected:
 
     /// The picture has changed: repaints the window, or tells the view sinks when there is none.
     void FireViewChange();
-    /// Brings the control up in place: with VERB of UI activation also as the one that has the user's attention.
+    /// Brings the control up in place; OLEIVERB_PRIMARY and OLEIVERB_UIACTIVATE make it UI active too.
+    /// position counts only where the site gives no place.
     HRESULT InPlaceActivate(LONG verb, const RECT* position = nullptr);
     bool AreEventsFrozen() const noexcept { return m_freezeCount > 0; }
 
@@ -161,43 +168,46 @@ protected:
     fw::ComPtr<IOleInPlaceSite> m_spInPlaceSite;  // from the first in-place activation to its end
     fw::ComPtr<IDispatch> m_spAmbientDispatch;    // null: the site offers no ambient properties
     RECT m_rcPos{};                               // in the parent window's client coordinates
-    SIZEL m_sizeExtent;                           // HIMETRIC
-    SIZEL m_sizeNatural;                          // HIMETRIC
+    SIZEL m_sizeExtent = s_defaultExtent;         // HIMETRIC
+    SIZEL m_sizeNatural = s_defaultExtent;        // HIMETRIC
     bool m_bInPlaceActive = false;
     bool m_bUIActive = false;
     bool m_bClosing = false;  // from the start to the end of Close
 
 private:
+    // What a container that has no ambient properties handed over with QuickActivate.
     struct QuickAmbients {
-        bool colorsGiven = false;
+        bool haveColors = false;
         OLE_COLOR foreColor = 0;
         OLE_COLOR backColor = 0;
         fw::ComPtr<IFont> font;
     };
 
-    HRESULT EnterInPlace();
-    HRESULT PlaceWindow();
-    HRESULT EnterUserInterface(bool callHook);
-    void LeaveFrame();
-    void PlaceAndClip(const RECT& position, const RECT* clip);
-    bool ActivateByUser();
-    HRESULT Paint(HDC dc, const RECTL& bounds);
-    void OnPaint();
-    void OnPrintClient(HDC dc);
-    void OnFocusChanged(bool focused, HWND other);
+    const wchar_t* Description() const noexcept;
     HRESULT DoStandardVerb(LONG verb, const RECT* position, HWND parent);
+    HRESULT EnterInPlace();
+    HRESULT PlaceWindow(const RECT* position);
+    HRESULT EnterUserInterface();
+    void LeaveUserInterface();
+    void ClipWindow(const RECT& clip);
+    void TakeFocus();
+    void ActivateByUser();
+    void TellFocus(bool focused, HWND other);
+    void Paint(HDC dc);
+    HRESULT DrawAt(ATL_DRAWINFO& info);
     void NotifyViewSink();
-    void ReleaseSites();
+    void TakeQuickAmbients(const QACONTAINER& container);
+    DWORD ConnectQuickly(fw::ConnectionPoint* point, IUnknown* sink);
+    fw::ConnectionPoint* EventPoint() const noexcept;
 
-    fw::ComPtr<IOleInPlaceFrame> m_frame;       // while UI active
-    fw::ComPtr<IOleInPlaceUIWindow> m_uiWindow;  // while UI active; null in a container with one frame only
+    fw::ComPtr<IOleInPlaceFrame> m_frame;        // while in-place active
+    fw::ComPtr<IOleInPlaceUIWindow> m_uiWindow;  // likewise; null in a container that has only a frame
     fw::ComPtr<IOleAdviseHolder> m_adviseHolder;
     fw::ComPtr<IAdviseSink> m_viewSink;
     DWORD m_viewAspects = 0;
     DWORD m_viewFlags = 0;
     QuickAmbients m_quickAmbients;
     LONG m_freezeCount = 0;
-    bool m_frozen = false;
 };
 
 namespace fw {

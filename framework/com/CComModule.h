@@ -19,17 +19,18 @@ using TermFunction = void (*)();
 /// One row of a module's class table. Texts and ids live as long as the module.
 struct ObjectMapEntry {
     const CLSID* classId;
-    CreateFunction create;                   // &CComObject<T>::Create; null: CLASS_E_CLASSNOTAVAILABLE
-    const wchar_t* progId;                   // null: the class is not registered
+    CreateFunction create;                    // &CComObject<T>::Create; null: CLASS_E_CLASSNOTAVAILABLE
+    const wchar_t* progId;                    // null: the class is not registered
     const wchar_t* versionIndependentProgId;  // null: none
     const wchar_t* description;
-    DWORD miscStatus;  // OLEMISC bits that the control answers and that are registered
+    DWORD miscStatus;   // OLEMISC bits that the control answers and that are registered
     TermFunction term;  // runs once in CComModule::Term; null: nothing to do
 };
 
 /// What an embedded control of this framework registers as its OLEMISC bits.
-inline constexpr DWORD ControlMiscStatus = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE | OLEMISC_INSIDEOUT |
-                                           OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_SETCLIENTSITEFIRST;
+inline constexpr DWORD ControlMiscStatus = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE |
+                                           OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE |
+                                           OLEMISC_SETCLIENTSITEFIRST;
 
 }  // namespace fw
 
@@ -42,7 +43,8 @@ public:
     CComModule& operator=(const CComModule&) = delete;
 
     /// The table must outlive the module object. By default the instance is that of the calling module.
-    [[nodiscard]] HRESULT Init(std::span<const fw::ObjectMapEntry> objects, HINSTANCE instance = fw::ThisModule()) noexcept;
+    [[nodiscard]] HRESULT Init(std::span<const fw::ObjectMapEntry> objects,
+                               HINSTANCE instance = fw::ThisModule()) noexcept;
     /// Releases every class factory and the type information, then calls each row's term function.
     void Term() noexcept;
 
@@ -51,8 +53,8 @@ public:
     virtual LONG Unlock() noexcept;
     LONG GetLockCount() const noexcept { return m_lockCount.load(); }
 
-    /// Hands out the class factory, made on first use and kept until Term. CLASS_E_CLASSNOTAVAILABLE for an unknown
-    /// class and for one without a creator.
+    /// Hands out the class factory, made on first use and kept until Term. CLASS_E_CLASSNOTAVAILABLE for an
+    /// unknown class and for one without a creator.
     [[nodiscard]] HRESULT GetClassObject(REFCLSID classId, REFIID id, void** result) noexcept;
 
     /// The description of an interface or dispinterface from the module's own type library (resource 1).

@@ -56,7 +56,8 @@ public:
     STDMETHODIMP_(ULONG) Release() override {
         const ULONG left = --m_references;
         if (left == 0) {
-            // What FinalRelease calls may take and give back references; they must not destroy the object again.
+            // What FinalRelease calls may take and give back references; they must not destroy the object
+            // again.
             m_references = s_dying;
             fw::Ignore(fw::Guarded([this] {
                 this->FinalRelease();

@@ -7,7 +7,8 @@ class CComModule;
 namespace fw {
 
 /// Base of every class that CComObject makes an object of. The class adds its interfaces as further bases and
-///   static std::span<const fw::InterfaceEntry> Interfaces();   // one static array, the first entry is the identity
+///   static std::span<const fw::InterfaceEntry> Interfaces();   // one static array, the first entry is the
+///   identity
 /// and may hide FinalConstruct and FinalRelease.
 class ComObjectRoot {
 public:

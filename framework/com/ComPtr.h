@@ -19,8 +19,8 @@ public:
     ComPtr(const ComPtr& other) noexcept : ComPtr(other.m_object) {}
     ComPtr(ComPtr&& other) noexcept : m_object(std::exchange(other.m_object, nullptr)) {}
     template <class U>
-        requires std::is_convertible_v<U*, T*>
-    ComPtr(const ComPtr<U>& other) noexcept : ComPtr(static_cast<T*>(other.Get())) {}
+    requires std::is_convertible_v<U*, T*> ComPtr(const ComPtr<U>& other)
+    noexcept : ComPtr(static_cast<T*>(other.Get())) {}
     ~ComPtr() { Reset(); }
 
     ComPtr& operator=(const ComPtr& other) noexcept {

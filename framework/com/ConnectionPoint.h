@@ -10,8 +10,8 @@ namespace fw {
 
 class ConnectionPointContainer;
 
-/// One connection point, a member of the object that offers it: it lives as long as that object and hands references
-/// on to it, but has an identity of its own.
+/// One connection point, a member of the object that offers it: it lives as long as that object and hands
+/// references on to it, but has an identity of its own.
 class FW_API ConnectionPoint final : public IConnectionPoint {
 public:
     /// Enters itself in the container, which is a base of the object that the point is a member of.
@@ -19,8 +19,8 @@ public:
     ConnectionPoint(const ConnectionPoint&) = delete;
     ConnectionPoint& operator=(const ConnectionPoint&) = delete;
 
-    /// All connected sinks with references of their own. Who fires an event walks this list: sinks may connect and
-    /// leave meanwhile.
+    /// All connected sinks with references of their own. Who fires an event walks this list: sinks may
+    /// connect and leave meanwhile.
     [[nodiscard]] std::vector<ComPtr<IUnknown>> Snapshot() const;
     bool HasConnections() const noexcept { return !m_connections.empty(); }
     /// Releases all sinks, for an object that ends.

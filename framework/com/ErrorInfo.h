@@ -15,7 +15,8 @@ struct ErrorInfo {
     std::wstring description;
 };
 
-/// Stores the text for the thread's next GetErrorInfo and gives the code back, so that a method can return it.
+/// Stores the text for the thread's next GetErrorInfo and gives the code back, so that a method can return
+/// it.
 FW_API HRESULT SetErrorText(HRESULT code, REFIID interfaceId, std::wstring_view source,
                             std::wstring_view description) noexcept;
 /// Takes the thread's error text away and gives it; false when there was none.

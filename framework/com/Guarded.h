@@ -7,8 +7,8 @@
 
 namespace fw {
 
-/// Runs the body of an interface method and turns an exception into a result: E_OUTOFMEMORY when memory ran out,
-/// E_FAIL for everything else. Nothing thrown crosses an interface.
+/// Runs the body of an interface method and turns an exception into a result: E_OUTOFMEMORY when memory ran
+/// out, E_FAIL for everything else. Nothing thrown crosses an interface.
 template <class Work>
 [[nodiscard]] HRESULT Guarded(Work&& work) noexcept {
     try {

@@ -14,7 +14,8 @@ struct InterfaceEntry {
     void* (*cast)(void* object) noexcept;
 };
 
-/// Names an interface of Class. Via is the base to go through where Class reaches the interface by several ways.
+/// Names an interface of Class. Via is the base to go through where Class reaches the interface by several
+/// ways.
 template <class Class, class Interface, class Via = Interface>
 constexpr InterfaceEntry Implements() noexcept {
     return {&__uuidof(Interface), [](void* object) noexcept -> void* {
@@ -24,8 +25,8 @@ constexpr InterfaceEntry Implements() noexcept {
 
 /// Puts the interfaces of a class before those of its base or of a mixin.
 template <std::size_t First, std::size_t Second>
-constexpr std::array<InterfaceEntry, First + Second> JoinInterfaces(const std::array<InterfaceEntry, First>& first,
-                                                                    const std::array<InterfaceEntry, Second>& second) {
+constexpr std::array<InterfaceEntry, First + Second> JoinInterfaces(
+    const std::array<InterfaceEntry, First>& first, const std::array<InterfaceEntry, Second>& second) {
     std::array<InterfaceEntry, First + Second> joined{};
     for (std::size_t i = 0; i < First; ++i) {
         joined[i] = first[i];

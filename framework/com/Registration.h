@@ -19,12 +19,13 @@ struct ModuleRegistration {
 /// The full path of a loaded module, however long; empty when it cannot be had.
 [[nodiscard]] FW_API std::wstring ModulePath(HINSTANCE instance);
 
-/// Registers all classes that have a ProgID, and the type library with its dual interfaces, for the current user.
-/// On failure everything that belongs to the module is taken out again and the first failure is returned.
+/// Registers all classes that have a ProgID, and the type library with its dual interfaces, for the current
+/// user. On failure everything that belongs to the module is taken out again and the first failure is
+/// returned.
 [[nodiscard]] FW_API HRESULT RegisterModule(const ModuleRegistration& registration) noexcept;
 
-/// Takes out all that RegisterModule writes, and parent keys that are empty afterwards. What is missing or belongs
-/// to another module is passed over. Goes on after a failure and returns the first one.
+/// Takes out all that RegisterModule writes, and parent keys that are empty afterwards. What is missing or
+/// belongs to another module is passed over. Goes on after a failure and returns the first one.
 [[nodiscard]] FW_API HRESULT UnregisterModule(const ModuleRegistration& registration) noexcept;
 
 }  // namespace fw

@@ -36,9 +36,13 @@ private:
 [[nodiscard]] FW_API HRESULT MakeVariantArray(const Variant* elements, ULONG count, Variant& result) noexcept;
 /// Makes a VARIANT that holds an array of VT_I4.
 [[nodiscard]] FW_API HRESULT MakeLongArray(const LONG* elements, ULONG count, Variant& result) noexcept;
-/// Makes a VARIANT that holds an array of VT_DISPATCH, each with a reference of its own; null entries stay null.
-[[nodiscard]] FW_API HRESULT MakeDispatchArray(IDispatch* const* elements, ULONG count, Variant& result) noexcept;
-/// Makes a VARIANT that holds an array of VT_UNKNOWN, each with a reference of its own; null entries stay null.
-[[nodiscard]] FW_API HRESULT MakeUnknownArray(IUnknown* const* elements, ULONG count, Variant& result) noexcept;
+/// Makes a VARIANT that holds an array of VT_DISPATCH, each with a reference of its own; null entries stay
+/// null.
+[[nodiscard]] FW_API HRESULT MakeDispatchArray(IDispatch* const* elements, ULONG count,
+                                               Variant& result) noexcept;
+/// Makes a VARIANT that holds an array of VT_UNKNOWN, each with a reference of its own; null entries stay
+/// null.
+[[nodiscard]] FW_API HRESULT MakeUnknownArray(IUnknown* const* elements, ULONG count,
+                                              Variant& result) noexcept;
 
 }  // namespace fw

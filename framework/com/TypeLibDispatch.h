@@ -9,11 +9,13 @@ namespace fw {
 /// IDispatch through the type library of a module. An invoked method has its own border.
 struct FW_API TypeLibCalls {
     static HRESULT GetTypeInfoCount(UINT* count) noexcept;
-    static HRESULT GetTypeInfo(CComModule* module, REFIID interfaceId, UINT index, ITypeInfo** result) noexcept;
-    static HRESULT GetIDsOfNames(CComModule* module, REFIID interfaceId, REFIID reserved, LPOLESTR* names, UINT count,
-                                 DISPID* ids) noexcept;
-    static HRESULT Invoke(CComModule* module, REFIID interfaceId, void* instance, DISPID id, REFIID reserved, WORD flags,
-                          DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception, UINT* badArgument) noexcept;
+    static HRESULT GetTypeInfo(CComModule* module, REFIID interfaceId, UINT index,
+                               ITypeInfo** result) noexcept;
+    static HRESULT GetIDsOfNames(CComModule* module, REFIID interfaceId, REFIID reserved, LPOLESTR* names,
+                                 UINT count, DISPID* ids) noexcept;
+    static HRESULT Invoke(CComModule* module, REFIID interfaceId, void* instance, DISPID id, REFIID reserved,
+                          WORD flags, DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
+                          UINT* badArgument) noexcept;
 };
 
 /// Answers IDispatch for Interface, a dual interface of the module's type library.
@@ -31,8 +33,8 @@ public:
     }
     STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                         EXCEPINFO* exception, UINT* badArgument) override {
-        return TypeLibCalls::Invoke(Module(), __uuidof(Interface), static_cast<Interface*>(this), id, reserved, flags,
-                                    parameters, result, exception, badArgument);
+        return TypeLibCalls::Invoke(Module(), __uuidof(Interface), static_cast<Interface*>(this), id,
+                                    reserved, flags, parameters, result, exception, badArgument);
     }
 
 protected:

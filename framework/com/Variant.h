@@ -3,9 +3,9 @@
 #include <string_view>
 
 #include "framework/base/Export.h"
+#include "framework/base/WindowsApi.h"
 #include "framework/com/Bstr.h"
 #include "framework/com/ComPtr.h"
-#include "framework/base/WindowsApi.h"
 
 namespace fw {
 
