@@ -4,7 +4,7 @@
 
 #include "framework/com/Variant.h"
 #include "host_sdk/ErrorStatus.h"
-#include "host_sdk/KvDbObject.h"
+#include "refhost/db/Object.h"
 
 namespace kvhost {
 
@@ -31,8 +31,8 @@ struct Enumeration {
 };
 
 /// Read from and write to an object that is open for it. The setter's value has the property's type.
-using PropertyGetter = Tolm::ErrorStatus (*)(const KvDbObject& object, fw::Variant& value);
-using PropertySetter = Tolm::ErrorStatus (*)(KvDbObject& object, const fw::Variant& value);
+using PropertyGetter = Tolm::ErrorStatus (*)(const Object& object, fw::Variant& value);
+using PropertySetter = Tolm::ErrorStatus (*)(Object& object, const fw::Variant& value);
 
 /// One row of a property table, from which dispatch interface, type information, palette rows and
 /// documentation are made. All texts live as long as the host.
@@ -47,6 +47,10 @@ struct PropertyDescription {
     PropertyGetter get;
     PropertySetter set;                        ///< null for a read-only property
     const Enumeration* enumeration = nullptr;  ///< null when the values are free
+    /// Text of the unspecified state; null leaves it to the row.
+    const wchar_t* unspecifiedText = nullptr;
+    /// Class of the property's dialog, null without PropertyDialog.
+    const CLSID* dialog = nullptr;
 
     [[nodiscard]] bool Has(PropertyFlag flag) const { return (flags & flag) != 0; }
 };
