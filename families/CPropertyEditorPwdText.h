@@ -1,0 +1,24 @@
+#pragma once
+
+#include "families/CKvPeEditBase.h"
+
+class CPWEdit;
+
+/// A text row whose value is masked. Its edit box lies over the row all the time, so that nothing paints the
+/// value; only a read-only value is shown in plain.
+class CPropertyEditorPwdText : public CKvPeEditBase {
+public:
+    using CKvPeEditBase::CKvPeEditBase;
+
+    // CKvPeCtrlBase
+    HRESULT BeginEdit(const RECT& bounds) override;
+    HRESULT Handle_OnDraw(ATL_DRAWINFO& info) override;
+    LRESULT Handle_ShowTextTip(UINT message, WPARAM wParam, LPARAM lParam, BOOL& handled) override;
+
+private:
+    [[nodiscard]] bool HasMaskedWindow() const;
+    [[nodiscard]] HRESULT CreateMaskedWindow();
+    void KeepMaskedWindowInStep();
+
+    CPWEdit* m_maskedEdit = nullptr;  // m_edit, where that is the masked box
+};
