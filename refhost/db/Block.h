@@ -26,10 +26,15 @@ public:
 
     // Object
     [[nodiscard]] const wchar_t* ClassName() const override { return L"Block"; }
-    void VisitFields(FieldVisitor& visitor) override;
     [[nodiscard]] std::wstring Complaint() const override;
 
+protected:
+    // Object
+    void VisitFields(FieldVisitor& visitor) override;
+
 private:
+    friend class Database;
+
     std::wstring m_name;
     Point3 m_origin;
     std::wstring m_description;

@@ -31,9 +31,12 @@ public:
 
     // Entity
     [[nodiscard]] const wchar_t* ClassName() const override { return L"BlockReference"; }
-    void VisitFields(FieldVisitor& visitor) override;
     [[nodiscard]] std::wstring Complaint() const override;
     void Draw(GeometrySink& sink, const Transform& transform) const override;
+
+protected:
+    // Object
+    void VisitFields(FieldVisitor& visitor) override;
 
 private:
     KvDbObjectId m_block;

@@ -31,7 +31,8 @@ public:
 
     /// Why Swap can't work now: eWasOpenForRead or eWasOpenForWrite when one of the objects is open.
     [[nodiscard]] Tolm::ErrorStatus CanSwap() const;
-    /// Puts the objects into the kept states and keeps those that they had; reactors hear of it.
+    /// Puts the objects into the kept states and keeps those that they had. Reactors do not hear of it here:
+    /// they are told when all objects are consistent again.
     void Swap();
 
 private:

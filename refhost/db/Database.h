@@ -66,6 +66,8 @@ public:
     /// Null id when there is none of that name, letter case apart.
     [[nodiscard]] KvDbObjectId LayerNamed(std::wstring_view name) const;
     [[nodiscard]] KvDbObjectId BlockNamed(std::wstring_view name) const;
+    /// Whether references within `block`, at any depth, or `block` itself are of `inner`.
+    [[nodiscard]] static bool ContainsBlock(KvDbObjectId block, KvDbObjectId inner);
     /// Opens that were not closed, all objects together.
     [[nodiscard]] int OpenCount() const;
 
@@ -98,9 +100,10 @@ public:
 
 private:
     friend class ChangeSet;
-    friend class DrawingReader;
+    friend class DrawingBuilder;
     friend class Object;
     friend class ObjectStore;
+    friend class SwapNotice;
 
     static constexpr std::uint64_t c_layerTable = 1;
     static constexpr std::uint64_t c_blockTable = 2;
@@ -112,8 +115,17 @@ private:
     void MakeFixedObjects();
     void NoteBeforeChange(Object& object);
     void NoteClosedAfterChange(Object& object);
+    /// Erases or brings back what the object owns; CheckErase has looked whether that goes.
+    void EraseOwned(Object& object, bool erase);
+    /// Marks as undo and readers do: without record and notice.
+    void PutErased(Object& object, bool erased);
     void NotifyModified(Object& object);
     void NotifyErased(Object& object, bool erased);
+    void NotifyOwnerModified(const Object& object);
+    [[nodiscard]] Tolm::ErrorStatus CheckErase(const Object& object, bool erase) const;
+    [[nodiscard]] Tolm::ErrorStatus CheckUnerase(const Object& object) const;
+    /// Whether entities or the current layer need this layer or block.
+    [[nodiscard]] bool IsUsed(const Object& object) const;
     [[nodiscard]] Tolm::ErrorStatus CheckAppend(const Object& object, KvDbObjectId owner) const;
 
     std::unique_ptr<ObjectStore> m_store;

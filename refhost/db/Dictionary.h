@@ -20,8 +20,11 @@ public:
 
     // Object
     [[nodiscard]] const wchar_t* ClassName() const override { return L"Dictionary"; }
-    void VisitFields(FieldVisitor& visitor) override;
     [[nodiscard]] std::wstring Complaint() const override;
+
+protected:
+    // Object
+    void VisitFields(FieldVisitor& visitor) override;
 
 private:
     std::wstring m_name;

@@ -49,12 +49,15 @@ public:
     [[nodiscard]] std::size_t HighlightedPathCount() const { return m_highlights.size(); }
 
     // Object
-    void VisitFields(FieldVisitor& visitor) override;
     [[nodiscard]] std::wstring Complaint() const override;
 
     // Bodies of the services that plug-ins call, with journal and faults.
     Tolm::ErrorStatus PushHighlightService(const KvDbFullSubentPath& path, int style);
     Tolm::ErrorStatus PopHighlightService(const KvDbFullSubentPath& path);
+
+protected:
+    // Object
+    void VisitFields(FieldVisitor& visitor) override;
 
 private:
     struct Highlight {

@@ -27,15 +27,19 @@ enum class SymbolKind { Layer, Block };
 using TextPairs = std::vector<std::pair<std::wstring, std::wstring>>;
 
 /// Sees each stored field of an object, in a fixed order. Objects list their fields once; undo records, both
-/// file formats and comparison are visitors. Readers assign, writers only look.
+/// file formats and comparison are visitors. Readers assign, writers only look. `otherwise` is the value of a
+/// field that a hand-written drawing leaves out; fields without it must be there.
 class FieldVisitor {
 public:
-    virtual void Flag(const char* name, bool& value) = 0;
+    virtual void Flag(const char* name, bool& value, bool otherwise) = 0;
     virtual void Number(const char* name, double& value) = 0;
-    virtual void Integer(const char* name, std::int32_t& value) = 0;
-    virtual void Text(const char* name, std::wstring& value) = 0;
-    virtual void Color(const char* name, ColorValue& value) = 0;
+    virtual void OptionalNumber(const char* name, double& value, double otherwise) = 0;
+    virtual void Integer(const char* name, std::int32_t& value, std::int32_t otherwise) = 0;
+    virtual void Text(const char* name, std::wstring& value, const wchar_t* otherwise) = 0;
+    virtual void Color(const char* name, ColorValue& value, const ColorValue& otherwise) = 0;
     virtual void Point(const char* name, Point3& value) = 0;
+    virtual void OptionalPoint(const char* name, Point3& value, const Point3& otherwise) = 0;
+    /// A reference by name; a layer that is left out is layer "0".
     virtual void Symbol(const char* name, SymbolKind kind, KvDbObjectId& value) = 0;
     virtual void Vertices(const char* name, std::vector<PolylineVertex>& value) = 0;
     virtual void Texts(const char* name, std::vector<std::wstring>& value) = 0;

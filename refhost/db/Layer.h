@@ -38,10 +38,15 @@ public:
 
     // Object
     [[nodiscard]] const wchar_t* ClassName() const override { return L"Layer"; }
-    void VisitFields(FieldVisitor& visitor) override;
     [[nodiscard]] std::wstring Complaint() const override;
 
+protected:
+    // Object
+    void VisitFields(FieldVisitor& visitor) override;
+
 private:
+    friend class Database;
+
     std::wstring m_name;
     ColorValue m_color = ColorValue::OfIndex(7);
     bool m_on = true;

@@ -72,8 +72,8 @@ public:
     void AddReactor(ObjectReactor* reactor);
     void RemoveReactor(ObjectReactor* reactor);
 
-    /// Shows every stored field; see FieldVisitor. Overrides call the base first.
-    virtual void VisitFields(FieldVisitor& visitor);
+    /// Shows every stored field; see FieldVisitor.
+    void VisitAllFields(FieldVisitor& visitor);
     /// Why the fields, as read from a file, can't be: empty when they can.
     [[nodiscard]] virtual std::wstring Complaint() const { return {}; }
 
@@ -82,6 +82,9 @@ public:
     Tolm::ErrorStatus UpgradeOpenService();
 
 protected:
+    /// Shows the stored fields of the class; overrides call the base first.
+    virtual void VisitFields(FieldVisitor& /*visitor*/) {}
+
     /// Call before each change of a field; the fields may change only if it gives eOk.
     [[nodiscard]] Tolm::ErrorStatus BeginChange();
 
@@ -93,6 +96,7 @@ protected:
         }
         return status;
     }
+    /// As Change, for texts that must be well-formed UTF-16.
     Tolm::ErrorStatus ChangeText(std::wstring& field, std::wstring_view value);
     Tolm::ErrorStatus ChangeNumber(double& field, double value);
     Tolm::ErrorStatus ChangePoint(Point3& field, const Point3& value);
@@ -102,6 +106,9 @@ protected:
 
 private:
     friend class Database;
+    friend class DrawingBuilder;
+    friend class ObjectStore;
+    friend class RecordReader;
 
     [[nodiscard]] Tolm::ErrorStatus Open(KvDb::OpenMode mode);
 
@@ -113,6 +120,7 @@ private:
     bool m_writing = false;
     bool m_changed = false;
     bool m_erased = false;
+    bool m_erasedBefore = false;
     TextPairs m_customAttributes;
     std::set<std::wstring, std::less<>> m_unspecified;
     std::map<std::wstring, std::wstring, std::less<>> m_expressions;

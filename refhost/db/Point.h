@@ -16,9 +16,12 @@ public:
 
     // Entity
     [[nodiscard]] const wchar_t* ClassName() const override { return L"Point"; }
-    void VisitFields(FieldVisitor& visitor) override;
     [[nodiscard]] std::wstring Complaint() const override;
     void Draw(GeometrySink& sink, const Transform& transform) const override;
+
+protected:
+    // Object
+    void VisitFields(FieldVisitor& visitor) override;
 
 private:
     Point3 m_position;

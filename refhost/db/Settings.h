@@ -34,8 +34,11 @@ public:
 
     // Object
     [[nodiscard]] const wchar_t* ClassName() const override { return L"Settings"; }
-    void VisitFields(FieldVisitor& visitor) override;
     [[nodiscard]] std::wstring Complaint() const override;
+
+protected:
+    // Object
+    void VisitFields(FieldVisitor& visitor) override;
 
 private:
     friend class Database;

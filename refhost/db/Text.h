@@ -29,9 +29,12 @@ public:
 
     // Entity
     [[nodiscard]] const wchar_t* ClassName() const override { return L"Text"; }
-    void VisitFields(FieldVisitor& visitor) override;
     [[nodiscard]] std::wstring Complaint() const override;
     void Draw(GeometrySink& sink, const Transform& transform) const override;
+
+protected:
+    // Object
+    void VisitFields(FieldVisitor& visitor) override;
 
 private:
     std::wstring m_content;

@@ -9,6 +9,8 @@
 
 namespace kvhost {
 
+class Object;
+
 /// Undo record of one database. Steps are groups, or single opens for write outside any group.
 class KVHOST_API UndoController final : public KvDbUndoController {
 public:
