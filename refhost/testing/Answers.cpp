@@ -13,6 +13,7 @@ namespace {
 
 struct State {
     std::deque<Answer> queue;
+    std::vector<std::wstring> shown;
     bool interactive = false;
 };
 
@@ -77,6 +78,14 @@ std::optional<Answer> Answers::Take(const Answer& byDefault) {
     Answer answer = std::move(state.queue.front());
     state.queue.pop_front();
     return answer;
+}
+
+void Answers::NoteShown(std::wstring text) {
+    GetState().shown.push_back(std::move(text));
+}
+
+std::vector<std::wstring> Answers::TakeShown() {
+    return std::exchange(GetState().shown, {});
 }
 
 void Answers::Reset() {

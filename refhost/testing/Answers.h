@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "host_sdk/Export.h"
 
@@ -37,7 +38,12 @@ public:
     /// `byDefault`; nothing when the dialog is to be shown.
     [[nodiscard]] static std::optional<Answer> Take(const Answer& byDefault);
 
-    /// Forgets all answers and turns `interactive` off.
+    /// Every message box and dialog tells its text here when it opens, answered or shown.
+    static void NoteShown(std::wstring text);
+    /// The texts since the last call, in their order.
+    [[nodiscard]] static std::vector<std::wstring> TakeShown();
+
+    /// Forgets all answers and texts, and turns `interactive` off.
     static void Reset();
 };
 
