@@ -10,7 +10,8 @@
 /// The current grip set and pick-first set as chains of one RTPICKS buffer each (null when empty); the caller
 /// frees the chains with kvutRelRb and the sets in them with kvedSSFree. RTERROR when nothing is selected.
 KVHOST_API int kvedSSGetFirst(resbuf** gripSet, resbuf** pickFirstSet);
-/// Makes `gripSet` the grip set and `pickFirstSet` the pick-first set; a null name clears that one.
+/// Makes `gripSet` the grip set and `pickFirstSet` the pick-first set. Without `pickFirstSet` the objects
+/// with grips are the picked ones too; without both nothing is selected. The sets stay the caller's.
 KVHOST_API int kvedSSSetFirst(const kved_name gripSet, const kved_name pickFirstSet);
 KVHOST_API int kvedSSLength(const kved_name set, long* length);
 /// Name of the entity at `index`.

@@ -1,6 +1,7 @@
 #include "refhost/db/Database.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "refhost/db/Attribute.h"
 #include "refhost/db/Block.h"
@@ -19,6 +20,8 @@ namespace kvhost {
 
 Database::Database()
     : m_store(std::make_unique<ObjectStore>(*this)), m_undo(std::make_unique<UndoController>()) {
+    static long long s_lastSerialNumber = 0;
+    m_serialNumber = ++s_lastSerialNumber;
     MakeFixedObjects();
 }
 
@@ -33,6 +36,10 @@ Database::~Database() {
             reactor->Gone(*slot.object);
         }
     }
+}
+
+void Database::KeepRetiredIds(bool keep) {
+    ObjectStore::KeepRetiredStubs(keep);
 }
 
 Database* Database::From(KvDbDatabase* database) {

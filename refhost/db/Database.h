@@ -28,6 +28,10 @@ public:
     Database& operator=(const Database&) = delete;
     ~Database();
 
+    /// While on, ids of destroyed drawings stay valid as values (they name no database then); switching it
+    /// off frees their records.
+    static void KeepRetiredIds(bool keep);
+
     /// Null for null.
     [[nodiscard]] static Database* From(KvDbDatabase* database);
 
@@ -35,6 +39,9 @@ public:
     [[nodiscard]] static KvRxClass* desc();
     [[nodiscard]] KvRxClass* isA() const override;
     [[nodiscard]] KvDbUndoController* undoController() const override;
+
+    /// Tells the drawings of a process apart; no two ever have the same.
+    [[nodiscard]] long long SerialNumber() const { return m_serialNumber; }
 
     [[nodiscard]] UndoController& Undo() { return *m_undo; }
     [[nodiscard]] const UndoController& Undo() const { return *m_undo; }
@@ -132,6 +139,7 @@ private:
     std::unique_ptr<UndoController> m_undo;
     std::vector<DatabaseReactor*> m_reactors;
     KvDbGlobals m_globals;
+    long long m_serialNumber;
     bool m_showUndoController = true;
 };
 

@@ -16,7 +16,10 @@ public:
     Host& operator*() const { return *m_host; }
 
 private:
-    Host* m_host;
+    friend class Host;
+    static Host* s_current;
+
+    Host* m_host;  // Owned; its destructor is open to the session only.
 };
 
 }  // namespace kvhost

@@ -1,0 +1,32 @@
+#include "refhost/editor/Host.h"
+
+#include "refhost/editor/DocumentManager.h"
+#include "refhost/editor/EditorState.h"
+#include "refhost/editor/HostSession.h"
+#include "refhost/editor/SelectionSets.h"
+#include "refhost/editor/SystemVariables.h"
+
+namespace kvhost {
+
+Host::Host()
+    : m_editor(std::make_unique<EditorState>()),
+      m_documents(std::make_unique<DocumentManager>()),
+      m_sets(std::make_unique<SelectionSets>()),
+      m_variables(std::make_unique<SystemVariables>()) {
+}
+
+Host::~Host() = default;
+
+Host* Host::Current() {
+    return HostSession::s_current;
+}
+
+Database* Host::WorkingDatabase() const {
+    if (m_workingDatabase != nullptr) {
+        return m_workingDatabase;
+    }
+    Document* const current = m_documents->Current();
+    return current != nullptr ? &current->GetDatabase() : nullptr;
+}
+
+}  // namespace kvhost
