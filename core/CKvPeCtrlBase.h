@@ -22,6 +22,12 @@ class CIPropEditUIEvents;
 class CKvPeBasePrivate;
 class CKvPeFamilyRole;
 class KvDbUndoController;
+struct IPropertyUnspecifiedSupport;
+struct SelectionEntry;
+
+namespace fw {
+class Variant;
+}
 
 /// Base of every property editor: the logic of one palette row over the selected objects. Owned by its shell,
 /// which it reaches through the two interfaces given at construction.
@@ -212,15 +218,25 @@ protected:
     BOOL m_keepEditOnHide = FALSE;
 
 private:
-    void Initialize();
+    class ValueReader;
+    class ValueWriter;
+    class DialogRun;
 
-    void PresetControlValue(VARIANT* value);
-    void PrePropertyChangeSetup();
-    void PostPropertyChangeRestore(long result, bool sawLockedObject);
+    void Initialize();
+    void AllocateSelection(int count);
+    [[nodiscard]] HRESULT StoreEntry(LONG index, const VARIANT& objects, const VARIANT& dynamicProperties,
+                                     const VARIANT& dispids);
+    [[nodiscard]] SelectionEntry EntryAt(int index) const;
+    [[nodiscard]] HRESULT ReadUnspecifiedState(IPropertyUnspecifiedSupport& support, const fw::Variant& key,
+                                               VARIANT* value, bool* isUnspecified);
     [[nodiscard]] HRESULT GetPropertyExpressionHelper(long dispid, IDispatch* object, CString& expression,
                                                       bool& supported);
     [[nodiscard]] HRESULT GetPropertyExpressionHelper(IUnknown* dynamicProperty, IUnknown* object,
                                                       CString& expression, bool& supported);
+    void PresetControlValue(VARIANT* value);
+    void PrePropertyChangeSetup();
+    void PostPropertyChangeRestore(long result, bool sawLockedObject);
+    void TellPaletteNewValue(const VARIANT& value);
 
     CKvPeFamilyRole* m_familyRole = nullptr;  // the derived object
 };

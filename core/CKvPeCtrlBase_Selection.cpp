@@ -1,0 +1,121 @@
+#include "core/CKvPeCtrlBase.h"
+#include "core/DispatchIds.h"
+#include "core/ObjectIdentity.h"
+
+namespace {
+
+// Deliberate: one common bit is enough. Every error code has the top bit, so that each means "not given".
+bool IsMissingArgument(const VARIANT& value) {
+    return value.vt == VT_ERROR && (value.scode & DISP_E_PARAMNOTFOUND) != 0;
+}
+
+bool IsGiven(const VARIANT& value) {
+    return !IsMissingArgument(value) && value.vt != VT_NULL && value.vt != VT_EMPTY;
+}
+
+struct ArrayBounds {
+    LONG lower = 0;
+    LONG upper = -1;
+};
+
+// One dimension only: an index of one number would reach beyond the elements of any other array.
+HRESULT GetBounds(const VARIANT& value, ArrayBounds& bounds) {
+    RETURN_HR_IF(E_FAIL, value.parray == nullptr || ::SafeArrayGetDim(value.parray) != 1);
+    RETURN_HR_IF(E_FAIL, FAILED(::SafeArrayGetLBound(value.parray, 1, &bounds.lower)));
+    RETURN_HR_IF(E_FAIL, FAILED(::SafeArrayGetUBound(value.parray, 1, &bounds.upper)));
+    RETURN_HR_IF(E_FAIL, bounds.lower < 0 || bounds.upper < -1 || bounds.upper == MAXLONG);
+    return S_OK;
+}
+
+template <class Element>
+HRESULT ReadElement(const VARIANT& value, LONG index, Element* element) {
+    return SUCCEEDED(::SafeArrayGetElement(value.parray, &index, element)) ? S_OK : E_FAIL;
+}
+
+template <class Interface>
+void ReleaseAll(Interface* const* references, int count) {
+    for (int index = 0; index < count; ++index) {
+        fw::ComPtr<Interface> reference;
+        reference.Attach(references[index]);
+    }
+}
+
+}  // namespace
+
+HRESULT CKvPeCtrlBase::Handle_InitEditControl(VARIANT* objects, VARIANT* dynamicProperties, VARIANT* dispids,
+                                              short readOnly) {
+    RETURN_HR_IF(E_FAIL, objects == nullptr || dynamicProperties == nullptr || dispids == nullptr);
+    RETURN_HR_IF(E_FAIL, !IsGiven(*objects) || !IsGiven(*dynamicProperties) || !IsGiven(*dispids));
+    RETURN_HR_IF(E_FAIL, objects->vt != (VT_ARRAY | VT_DISPATCH) ||
+                             dynamicProperties->vt != (VT_ARRAY | VT_UNKNOWN) ||
+                             dispids->vt != (VT_ARRAY | VT_I4));
+    // The other two arrays are parallel to that of the objects; only its bounds count.
+    ArrayBounds bounds;
+    ArrayBounds unused;
+    RETURN_IF_FAILED_EXPECTED(GetBounds(*dynamicProperties, unused));
+    RETURN_IF_FAILED_EXPECTED(GetBounds(*dispids, unused));
+    RETURN_IF_FAILED_EXPECTED(GetBounds(*objects, bounds));
+
+    AllocateSelection(bounds.upper + 1);
+    for (LONG index = bounds.lower; index <= bounds.upper; ++index) {
+        RETURN_IF_FAILED_EXPECTED(StoreEntry(index, *objects, *dynamicProperties, *dispids));
+    }
+    m_initialReadOnly = readOnly;
+    return S_OK;
+}
+
+void CKvPeCtrlBase::AllocateSelection(int count) {
+    auto newDispids = std::make_unique<long[]>(static_cast<std::size_t>(count));
+    auto newDynamicProperties = std::make_unique<IUnknown*[]>(static_cast<std::size_t>(count));
+    auto newObjects = std::make_unique<IDispatch*[]>(static_cast<std::size_t>(count));
+    // Deliberate: an earlier selection is not released. Palettes give each control one selection, and the
+    // references of a second one may still be in use by a read or write that runs.
+    static_cast<void>(m_dispids.release());
+    static_cast<void>(m_dynamicProperties.release());
+    static_cast<void>(m_objects.release());
+    m_dispids = std::move(newDispids);
+    m_dynamicProperties = std::move(newDynamicProperties);
+    m_objects = std::move(newObjects);
+    m_objectCount = count;
+    m_failedObjectCount = 0;
+}
+
+HRESULT CKvPeCtrlBase::StoreEntry(LONG index, const VARIANT& objects, const VARIANT& dynamicProperties,
+                                  const VARIANT& dispids) {
+    LONG dispid = 0;
+    RETURN_IF_FAILED_EXPECTED(ReadElement(dispids, index, &dispid));
+    m_dispids[index] = dispid;
+    fw::ComPtr<IUnknown> dynamicProperty;
+    if (dispid == DISPID_DYNAMIC) {
+        RETURN_IF_FAILED_EXPECTED(ReadElement(dynamicProperties, index, dynamicProperty.Put()));
+    }
+    fw::ComPtr<IDispatch> object;
+    RETURN_IF_FAILED_EXPECTED(ReadElement(objects, index, object.Put()));
+    m_dynamicProperties[index] = dynamicProperty.Detach();
+    m_objects[index] = object.Detach();
+    return S_OK;
+}
+
+HRESULT CKvPeCtrlBase::Cleanup() {
+    if (m_dynamicProperties) {
+        ReleaseAll(m_dynamicProperties.get(), m_objectCount);
+    }
+    if (m_objects) {
+        ReleaseAll(m_objects.get(), m_objectCount);
+    }
+    m_dispids.reset();
+    m_dynamicProperties.reset();
+    m_objects.reset();
+    return S_OK;
+}
+
+HRESULT CKvPeCtrlBase::GetCurrentSelectionObjectIdArray(KvArray<KvDbObjectId>& ids) {
+    for (int index = 0; index < EntryCount(); ++index) {
+        KvDbObjectId id;
+        // An object that stands for no database object has no id to give.
+        if (SUCCEEDED(GetDatabaseObjectId(m_objects[index], id))) {
+            ids.append(id);
+        }
+    }
+    return S_OK;
+}

@@ -1,0 +1,132 @@
+#include "core/CIPropEditUIEvents.h"
+#include "core/CKvPeCtrlBase.h"
+#include "core/CKvPeFamilyRole.h"
+#include "core/CannotModifyDialog.h"
+#include "core/HostDocument.h"
+#include "core/ModelessMarks.h"
+#include "core/ModuleTexts.h"
+#include "core/ObjectWritability.h"
+#include "core/SelectionEntry.h"
+#include "core/ValueWriter.h"
+#include "framework/com/Variant.h"
+#include "framework/window/CWnd.h"
+#include "framework/window/MainWindow.h"
+#include "host_sdk/IGraphicalObjectUpdate.h"
+#include "host_sdk/KvApDocument.h"
+#include "host_sdk/KvDbAssoc.h"
+#include "host_sdk/KvDbUndoController.h"
+#include "host_sdk/KvEdServices.h"
+
+namespace {
+
+// The host's result for a change that it refused as a whole and wants taken back.
+constexpr HRESULT c_changeToBeUndone = static_cast<HRESULT>(0x80200149);
+
+bool IsWritableType(ValueType type) {
+    return type == ValueType_Specific || type == ValueType_Unspecified || type == ValueType_Expression;
+}
+
+// The palette had the activation while its row was edited.
+void GiveActivationBack() {
+    if (CWnd* const mainWindow = AfxGetMainWnd()) {
+        mainWindow->SendMessage(WM_ACTIVATE, WA_ACTIVE, 0);
+    }
+}
+
+}  // namespace
+
+HRESULT CKvPeCtrlBase::SetPropertyValue(VARIANT* value, ValueType type) {
+    RETURN_IF_NULL_POINTER(value);
+    RETURN_HR_IF(E_INVALIDARG, !IsWritableType(type));
+    if (IsSelectionBlockedByDrag(m_objects.get(), EntryCount())) {
+        ShowEditRefusedDialog(*this);
+        return E_FAIL;
+    }
+    PresetControlValue(value);
+
+    m_failedObjectCount = 0;
+    ValueWriter writer(*this, *value, type, DatabaseOf(CurrentHostDocument()) != nullptr);
+    PrePropertyChangeSetup();
+    if (m_events != nullptr) {
+        // The objects are written whether or not a sink listens.
+        fw::Ignore(m_events->FireBeginPropertyUpdateEvent());
+    }
+    for (int index = 0; index < EntryCount(); ++index) {
+        writer.Write(EntryAt(index));
+    }
+    const HRESULT result = writer.Result();
+    PostPropertyChangeRestore(result, writer.SawLockedObject());
+    if (SUCCEEDED(result)) {
+        TellPaletteNewValue(*value);
+    }
+    if (m_events != nullptr) {
+        // The write is done; a sink that fails does not undo it.
+        fw::Ignore(m_events->FireEndPropertyUpdateEvent());
+    }
+    return result;
+}
+
+void CKvPeCtrlBase::PrePropertyChangeSetup() {
+    if (kvedIsLivePreviewStarted()) {
+        return;
+    }
+    kvedSendModelessOperationStart(KVPE_MARK_CHANGE_PROPERTY);
+    if (KvDbUndoController* const controller = UndoControllerOf(DatabaseOf(CurrentHostDocument()))) {
+        // Without a group the change is undone object by object, but made all the same.
+        fw::Ignore(controller->undoGroup(KVDB_UNDO_GROUP_BEGIN, UndoPropertyChangeText()));
+    }
+}
+
+void CKvPeCtrlBase::PostPropertyChangeRestore(long result, bool sawLockedObject) {
+    if (kvedIsLivePreviewStarted()) {
+        return;
+    }
+    KvApDocument* const document = CurrentHostDocument();
+    KvDbDatabase* const database = DatabaseOf(document);
+    if (KvDbUndoController* const controller = UndoControllerOf(database)) {
+        // The group is left whatever the controller says.
+        fw::Ignore(controller->undoGroup(KVDB_UNDO_GROUP_END, nullptr));
+        if (result == c_changeToBeUndone) {
+            // The write has failed already; its result goes to the caller.
+            fw::Ignore(undoSSRetain(controller, 1));
+        }
+    }
+    kvedSendModelessOperationEnded(KVPE_MARK_CHANGE_PROPERTY);
+    KvDbAssocManager::enableProgressMeter(false, KvString());
+    if (document != nullptr && document->isQuiescent()) {
+        kvedPostCommandPrompt();
+    }
+    if (database == nullptr) {
+        return;
+    }
+    if (sawLockedObject) {
+        kvedSendModelessOperationEnded(KVPE_MARK_CHANGE_SELECTION);
+    } else {
+        GiveActivationBack();
+    }
+}
+
+void CKvPeCtrlBase::TellPaletteNewValue(const VARIANT& value) {
+    if (!m_propertyIdentifier || kvedIsLivePreviewStarted()) {
+        return;
+    }
+    // The record is a copy for the palette; the write does not depend on it.
+    fw::Variant copy;
+    if (SUCCEEDED(copy.CopyFrom(value))) {
+        fw::Ignore(m_propertyIdentifier->PutCurrentValue(copy.Get()));
+    }
+    CString entryText;
+    if (m_familyRole != nullptr && m_familyRole->GetChosenEntryText(entryText)) {
+        const fw::Bstr text(entryText.View());
+        fw::Ignore(m_propertyIdentifier->PutCurrentValueText(text.Get()));
+    }
+}
+
+HRESULT CKvPeCtrlBase::PreSetPropertyValue(IDispatch*, long) {
+    return S_OK;
+}
+
+HRESULT CKvPeCtrlBase::PostSetPropertyValue(IDispatch* object) {
+    const auto shown = fw::QueryFrom<IGraphicalObjectUpdate>(object);
+    return shown ? shown->Update() : S_OK;
+}
