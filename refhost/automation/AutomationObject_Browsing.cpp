@@ -1,0 +1,70 @@
+#include <vector>
+
+#include "framework/base/Hresult.h"
+#include "refhost/automation/AutomationObject.h"
+#include "refhost/automation/CountedArrays.h"
+#include "refhost/automation/PropertyTable.h"
+#include "refhost/testing/ServiceCall.h"
+
+namespace kvhost {
+
+STDMETHODIMP AutomationObject::GetDisplayString(DISPID dispid, BSTR* text) {
+    RETURN_IF_NULL_POINTER(text);
+    *text = nullptr;
+    ServiceCall call(L"GetDisplayString", JournalName(), dispid);
+    RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
+    const PropertyDescription* const property = m_table->Find(dispid);
+    RETURN_HR_IF(call.ReturnsCode(E_INVALIDARG), property == nullptr);
+    RETURN_HR_IF(call.ReturnsCode(E_NOTIMPL), property->enumeration == nullptr);
+    fw::Variant value;
+    RETURN_HR_IF(call.ReturnsCode(E_FAIL), Read(*property, value) != Tolm::eOk);
+    for (const EnumerationEntry& entry : property->enumeration->entries) {
+        if (entry.value == value.LongOr(-1)) {
+            return call.ReturnsCode(fw::MakeBstr(entry.displayText, text));
+        }
+    }
+    return call.ReturnsCode(E_FAIL);
+}
+
+STDMETHODIMP AutomationObject::MapPropertyToPage(DISPID dispid, CLSID* page) {
+    RETURN_IF_NULL_POINTER(page);
+    *page = CLSID_NULL;
+    ServiceCall call(L"MapPropertyToPage", JournalName(), dispid);
+    RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
+    const PropertyDescription* const property = m_table->Find(dispid);
+    RETURN_HR_IF(call.ReturnsCode(PERPROP_E_NOPAGEAVAILABLE),
+                 property == nullptr || property->dialog == nullptr);
+    *page = *property->dialog;
+    return call.ReturnsCode(S_OK);
+}
+
+STDMETHODIMP AutomationObject::GetPredefinedStrings(DISPID dispid, CALPOLESTR* strings, CADWORD* cookies) {
+    RETURN_IF_NULL_POINTER(strings);
+    RETURN_IF_NULL_POINTER(cookies);
+    *strings = {};
+    *cookies = {};
+    ServiceCall call(L"GetPredefinedStrings", JournalName(), dispid);
+    RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
+    const PropertyDescription* const property = m_table->Find(dispid);
+    RETURN_HR_IF(call.ReturnsCode(E_NOTIMPL), property == nullptr || property->enumeration == nullptr);
+    std::vector<std::wstring> texts;
+    for (const EnumerationEntry& entry : property->enumeration->entries) {
+        texts.emplace_back(entry.displayText);
+    }
+    return call.ReturnsCode(MakeCountedArrays(texts, strings, cookies));
+}
+
+STDMETHODIMP AutomationObject::GetPredefinedValue(DISPID dispid, DWORD cookie, VARIANT* value) {
+    RETURN_IF_NULL_POINTER(value);
+    ::VariantInit(value);
+    ServiceCall call(L"GetPredefinedValue", JournalName(), dispid, cookie);
+    RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
+    const PropertyDescription* const property = m_table->Find(dispid);
+    RETURN_HR_IF(call.ReturnsCode(E_NOTIMPL), property == nullptr || property->enumeration == nullptr);
+    RETURN_HR_IF(call.ReturnsCode(E_INVALIDARG), cookie >= property->enumeration->entries.size());
+    value->vt = VT_I4;
+    value->lVal = property->enumeration->entries[cookie].value;
+    return call.ReturnsCode(S_OK);
+}
+
+}  // namespace kvhost
