@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <string>
 #include <vector>
@@ -34,6 +35,13 @@ struct PropertyRow {
 /// The automation object of a database object, one per object for as long as somebody holds it.
 /// E_INVALIDARG for an id that is null or whose class has no property table.
 [[nodiscard]] KVHOST_API HRESULT GetAutomationObject(KvDbObjectId id, IDispatch** object);
+
+/// Kind of a sub-entity path that leads to a corner of a polyline.
+inline constexpr int SubentVertex = 1;
+
+/// A new automation object of a polyline's corner. E_INVALIDARG for a corner that is not there.
+[[nodiscard]] KVHOST_API HRESULT GetPolylineVertexObject(KvDbObjectId polyline, std::size_t index,
+                                                         IDispatch** object);
 
 /// The rows that all selected objects have, in the order of the first object's table, dynamic ones last.
 /// Properties are the same when category, name, control and type are. Empty for an empty selection.
