@@ -121,9 +121,15 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    const HWND window = m_hWnd || !m_call ? m_hWnd : m_call->window;
-    return m_formerProc ? ::CallWindowProcW(m_formerProc, window, message, wParam, lParam)
-                        : ::DefWindowProcW(window, message, wParam, lParam);
+    // A handler that has let its window go still has that window's message to finish.
+    const bool letGo = !m_hWnd && m_call;
+    const HWND window = letGo ? m_call->window : m_hWnd;
+    const WNDPROC formerProc = letGo ? m_call->formerProc : m_formerProc;
+    if (!window || !::IsWindow(window)) {
+        return 0;
+    }
+    return formerProc ? ::CallWindowProcW(formerProc, window, message, wParam, lParam)
+                      : ::DefWindowProcW(window, message, wParam, lParam);
 }
 
 LRESULT CWnd::DefWindowProc() {

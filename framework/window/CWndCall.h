@@ -8,5 +8,6 @@ struct CWnd::Call {
     UINT message;
     WPARAM wParam;
     LPARAM lParam;
+    WNDPROC formerProc;  // of the window, which may be let go meanwhile
     Call* outer;
 };

@@ -45,7 +45,7 @@ LRESULT CALLBACK CWndEntry::WindowProc(HWND window, UINT message, WPARAM wParam,
 
 LRESULT CWndEntry::Dispatch(CWnd& object, HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     const fw::LifeWatch alive(object);
-    CWnd::Call call{window, message, wParam, lParam, object.m_call};
+    CWnd::Call call{window, message, wParam, lParam, object.m_formerProc, object.m_call};
     object.m_call = &call;
     const auto result = Guarded([&] { return object.WindowProc(message, wParam, lParam); }, LRESULT{0});
     if (!alive) {
@@ -95,11 +95,12 @@ void CWndEntry::Unbind(CWnd& object) {
 }
 
 void CWndEntry::TakeProcedure(CWnd& object, HWND window) {
+    // An earlier object left ours in place since somebody else came in front of it: putting it there once
+    // more would close the chain to a ring.
+    object.m_formerProc = reinterpret_cast<WNDPROC>(::GetPropW(window, g_procedureProperty));
     const LONG_PTR own = reinterpret_cast<LONG_PTR>(&CWndEntry::WindowProc);
     const LONG_PTR current = ::GetWindowLongPtrW(window, GWLP_WNDPROC);
-    if (current == own) {
-        // Left in place by an earlier object, or the procedure of the window's class.
-        object.m_formerProc = reinterpret_cast<WNDPROC>(::GetPropW(window, g_procedureProperty));
+    if (object.m_formerProc || current == own) {
         return;
     }
     object.m_formerProc = reinterpret_cast<WNDPROC>(current);

@@ -1,4 +1,5 @@
-// Message tables: a class lists its handlers in the order in which they are tested.
+// Message tables: a class lists its handlers in the order in which they are tested, behind their
+// declarations.
 //
 //   static constexpr std::array s_messages{
 //       fw::OnMessage(WM_CREATE, &Row::OnCreate),
@@ -38,7 +39,7 @@ struct MessageEntry {
     }
 };
 
-// A handler inherited from a base is listed as OnMessage<Derived>(WM_X, &Derived::OnX).
+// The handlers of a base stand in the table of the base.
 template <class Class>
 constexpr MessageEntry<Class> OnMessage(UINT message, MessageHandler<Class> handler) {
     return {message, AnyCommand, AnyCommand, handler};

@@ -39,6 +39,24 @@ void ShowEachControlOnce() {
     PumpWaiting();
 }
 
+// The system keeps the contexts of windows for reuse, up to a fixed number: make it reach that number now.
+void FillContextCache() {
+    constexpr int cachedContexts = 80;
+    HWND parent = CreateWindowExW(0, WC_STATICW, L"", WS_POPUP | WS_VISIBLE, 0, 0, 200, 200, nullptr, nullptr,
+                                  nullptr, nullptr);
+    std::vector<std::pair<HWND, HDC>> contexts;
+    for (int index = 0; index < cachedContexts; ++index) {
+        HWND child = CreateWindowExW(0, WC_STATICW, L"", WS_CHILD | WS_VISIBLE, 0, 0, 10, 10, parent, nullptr,
+                                     nullptr, nullptr);
+        contexts.emplace_back(child, GetDCEx(child, nullptr, DCX_CACHE));
+    }
+    for (const auto& [window, dc] : contexts) {
+        ReleaseDC(window, dc);
+    }
+    DestroyWindow(parent);
+    PumpWaiting();
+}
+
 void DrawOnce() {
     HDC screen = GetDC(nullptr);
     HDC memory = CreateCompatibleDC(screen);
@@ -61,6 +79,7 @@ void WarmUp() {
     InitCommonControls();
     DrawOnce();
     ShowEachControlOnce();
+    FillContextCache();
     for (const auto& step : Steps()) {
         step();
     }
