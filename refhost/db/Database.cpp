@@ -1,6 +1,7 @@
 #include "refhost/db/Database.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 #include "refhost/db/Attribute.h"
@@ -108,20 +109,25 @@ KvDbObjectId Database::BlockNamed(std::wstring_view name) const {
 }
 
 bool Database::ContainsBlock(KvDbObjectId block, KvDbObjectId inner) {
-    if (block.isNull() || inner.isNull()) {
+    if (inner.isNull()) {
         return false;
     }
-    if (block == inner) {
-        return true;
-    }
-    const Object* const record = Peek(block);
-    if (record == nullptr) {
-        return false;
-    }
-    for (const KvDbObjectId id : record->GetDatabase()->OwnedBy(block)) {
-        const BlockReference* const reference = PeekAs<BlockReference>(id);
-        if (reference != nullptr && ContainsBlock(reference->BlockId(), inner)) {
+    std::vector<KvDbObjectId> waiting{block};
+    std::unordered_set<KvDbStub*> seen;
+    while (!waiting.empty()) {
+        const KvDbObjectId next = waiting.back();
+        waiting.pop_back();
+        const Object* const record = Peek(next);
+        if (record == nullptr || !seen.insert(next.stub()).second) {
+            continue;
+        }
+        if (next == inner) {
             return true;
+        }
+        for (const KvDbObjectId id : record->GetDatabase()->OwnedBy(next)) {
+            if (const BlockReference* const reference = PeekAs<BlockReference>(id)) {
+                waiting.push_back(reference->BlockId());
+            }
         }
     }
     return false;

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "refhost/db/FieldVisitor.h"
+#include "refhost/db/JsonDocument.h"
+
+namespace kvhost {
+
+/// Adds an object's fields to a JSON object; those with the value that stands for an absent field are left
+/// out.
+class JsonRecordWriter final : public FieldVisitor {
+public:
+    explicit JsonRecordWriter(Json& record) : m_record(record) {}
+
+    // FieldVisitor
+    void Flag(const char* name, bool& value, bool otherwise) override;
+    void Number(const char* name, double& value) override;
+    void OptionalNumber(const char* name, double& value, double otherwise) override;
+    void Integer(const char* name, std::int32_t& value, std::int32_t otherwise) override;
+    void Text(const char* name, std::wstring& value, const wchar_t* otherwise) override;
+    void Color(const char* name, ColorValue& value, const ColorValue& otherwise) override;
+    void Point(const char* name, Point3& value) override;
+    void OptionalPoint(const char* name, Point3& value, const Point3& otherwise) override;
+    void Symbol(const char* name, SymbolKind kind, KvDbObjectId& value) override;
+    void Vertices(const char* name, std::vector<PolylineVertex>& value) override;
+    void Texts(const char* name, std::vector<std::wstring>& value) override;
+    void Pairs(const char* name, TextPairs& value) override;
+
+private:
+    Json& m_record;
+};
+
+}  // namespace kvhost
