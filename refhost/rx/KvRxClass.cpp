@@ -1,6 +1,17 @@
 #include "host_sdk/KvRxClass.h"
+#include "host_sdk/KvRxDynamicLinker.h"
 
-KvRxClass::KvRxClass(const wchar_t* name, const KvRxClass* parent) : m_name(name), m_parent(parent) {}
+bool KvRxObject::isKindOf(const KvRxClass* runtimeClass) const {
+    return isA()->isDerivedFrom(runtimeClass);
+}
+
+KvRxClass* KvRxObject::desc() {
+    static KvRxClass s_class(L"KvRxObject", nullptr);
+    return &s_class;
+}
+
+KvRxClass::KvRxClass(const wchar_t* name, const KvRxClass* parent) : m_name(name), m_parent(parent) {
+}
 
 KvRxClass* KvRxClass::isA() const {
     return desc();
@@ -28,11 +39,7 @@ KvRxClass* KvRxClass::desc() {
     return &s_class;
 }
 
-KvRxClass* KvRxObject::desc() {
-    static KvRxClass s_class(L"KvRxObject", nullptr);
+KvRxClass* KvRxDynamicLinker::desc() {
+    static KvRxClass s_class(L"KvRxDynamicLinker", KvRxObject::desc());
     return &s_class;
-}
-
-bool KvRxObject::isKindOf(const KvRxClass* runtimeClass) const {
-    return isA()->isDerivedFrom(runtimeClass);
 }
