@@ -1,0 +1,109 @@
+#include "core/ChildIds.h"
+#include "families/CPropertyEditorText.h"
+#include "tests/unit/families/RowBench.h"
+
+namespace {
+
+class EditBoxTip : public kvtest::RowBench<CPropertyEditorText> {
+protected:
+    static HWND Tip() { return ::FindWindowW(L"KvPeTextTip", nullptr); }
+
+    static void PutCursor(const CWnd& over) {
+        CPoint point(3, 3);
+        over.ClientToScreen(&point);
+        ::SetCursorPos(point.x, point.y);
+    }
+
+    void MoveMouse() { ::SendMessageW(Edit().m_hWnd, WM_MOUSEMOVE, 0, MAKELPARAM(3, 3)); }
+
+    static bool TipIsPlaced() {
+        RECT bounds{};
+        return Tip() && ::GetWindowRect(Tip(), &bounds) && !::IsRectEmpty(&bounds);
+    }
+};
+
+TEST_F(EditBoxTip, MouseMove_InEdit_ShowsNoTip) {
+    row->m_text = L"a text that is by far too long for a row of this width";
+    Open();
+    MoveMouse();
+    EXPECT_FALSE(TipIsPlaced());
+}
+
+TEST_F(EditBoxTip, MouseMove_ReadOnlyBoxTooNarrow_ShowsTheTipWithRoomForTheText) {
+    row->m_text = L"a text that is by far too long for a row of this width";
+    Open();
+    Edit().SetReadOnly(TRUE);
+    PutCursor(Edit());
+    MoveMouse();
+    ASSERT_TRUE(TipIsPlaced());
+    CRect tip;
+    ::GetWindowRect(Tip(), &tip);
+    int width = 0;
+    ASSERT_EQ(row->GetTextTipWidth(width), S_OK);
+    EXPECT_EQ(tip.Width(), width + 5);
+    EXPECT_EQ(tip.left, Edit().GetWindowRect().left);
+    EXPECT_TRUE(kvtest::PumpUntil([] { return ::IsWindowVisible(Tip()) != FALSE; }));
+}
+
+TEST_F(EditBoxTip, MouseMove_ReadOnlyBoxWideEnough_ShowsNoTip) {
+    Open();
+    Edit().SetReadOnly(TRUE);
+    MoveMouse();
+    EXPECT_FALSE(TipIsPlaced());
+}
+
+TEST_F(EditBoxTip, MouseMove_WidthEqualToTheText_ShowsNoTip) {
+    Open();
+    Edit().SetReadOnly(TRUE);
+    int width = 0;
+    ASSERT_EQ(row->GetTextTipWidth(width), S_OK);
+    Edit().MoveWindow(0, 0, width, 20);
+    MoveMouse();
+    EXPECT_FALSE(TipIsPlaced());
+    Edit().MoveWindow(0, 0, width - 1, 20);
+    MoveMouse();
+    EXPECT_TRUE(TipIsPlaced());
+}
+
+TEST_F(EditBoxTip, MouseMove_BoxTurnsWritable_HidesTheTip) {
+    row->m_text = L"a text that is by far too long for a row of this width";
+    Open();
+    Edit().SetReadOnly(TRUE);
+    PutCursor(Edit());
+    MoveMouse();
+    ASSERT_TRUE(kvtest::PumpUntil([] { return ::IsWindowVisible(Tip()) != FALSE; }));
+    Edit().SetReadOnly(FALSE);
+    MoveMouse();
+    EXPECT_FALSE(::IsWindowVisible(Tip()));
+}
+
+TEST_F(EditBoxTip, DrawTip_PaintsTheTextInTheTipsColours) {
+    row->m_text = L"a text that is by far too long for a row of this width";
+    Open();
+    Edit().SetReadOnly(TRUE);
+    PutCursor(Edit());
+    MoveMouse();
+    ASSERT_TRUE(kvtest::PumpUntil([] { return ::IsWindowVisible(Tip()) != FALSE; }));
+    const fw::WindowDc dc(Tip());
+    const CRect client = [] {
+        CRect bounds;
+        ::GetClientRect(Tip(), &bounds);
+        return bounds;
+    }();
+    int dark = 0;
+    for (int x = 3; x < client.right - 3; ++x) {
+        dark += ::GetPixel(dc, x, client.Height() / 2) != ::GetSysColor(COLOR_INFOBK) ? 1 : 0;
+    }
+    EXPECT_GT(dark, 20);
+    EXPECT_EQ(::GetPixel(dc, client.right - 3, 3), ::GetSysColor(COLOR_INFOBK));
+}
+
+TEST_F(EditBoxTip, DrawTip_ForSomethingElse_IsIgnored) {
+    Open();
+    EXPECT_EQ(::SendMessageW(Edit().m_hWnd, WM_KVPE_DRAW_TIP, 1, 0), 0);
+    EXPECT_EQ(::SendMessageW(Edit().m_hWnd, WM_KVPE_DRAW_TIP, KVPE_TEXT_TIP_MARK,
+                             reinterpret_cast<LPARAM>(window.m_hWnd)),
+              0);
+}
+
+}  // namespace

@@ -1,0 +1,34 @@
+#include "tests/unit/families/RowBench.h"
+
+namespace kvtest {
+
+LRESULT RowWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    BOOL handled = TRUE;
+    if (!row) {
+        return CWnd::WindowProc(message, wParam, lParam);
+    }
+    switch (message) {
+        case WM_CTLCOLOREDIT:
+        case WM_CTLCOLORSTATIC:
+            return row->Handle_OnCtlColor(message, wParam, lParam, handled);
+        case WM_KVPE_DRAW_TIP:
+            return row->Handle_OnDrawTooltip(message, wParam, lParam, handled);
+        case WM_MOUSEWHEEL:
+            Note(L"wheel", static_cast<int>(GET_WHEEL_DELTA_WPARAM(wParam)));
+            return 0;
+        case WM_PAINT: {
+            const fw::PaintDc dc(m_hWnd);
+            const RECT client = GetClientRect();
+            const RECTL bounds{client.left, client.top, client.right, client.bottom};
+            ATL_DRAWINFO info;
+            info.hdcDraw = dc;
+            info.prcBounds = &bounds;
+            fw::Ignore(row->Handle_OnDraw(info));  // tests of painting call it themselves
+            return 0;
+        }
+        default:
+            return CWnd::WindowProc(message, wParam, lParam);
+    }
+}
+
+}  // namespace kvtest
