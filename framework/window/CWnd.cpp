@@ -68,7 +68,10 @@ bool CWnd::SubclassWindow(HWND window, HINSTANCE module) {
     if (!CWndEntry::Bind(*this, window, module, CWndEntry::Origin::Found)) {
         return false;
     }
-    CWndEntry::TakeProcedure(*this, window);
+    CWndEntry::TakeProcedureLeftBehind(*this, window);
+    if (!m_formerProc) {
+        CWndEntry::TakeProcedure(*this, window);
+    }
     return true;
 }
 

@@ -13,6 +13,20 @@ const wchar_t* const g_procedureProperty = L"KvFrame.FormerProcedure";
 
 thread_local WindowCapture* t_capture = nullptr;
 
+// Each message asks for its window's object, and reading a property costs more than most messages. This
+// remembers the thread's last answers; only Bind and Unbind, on the same thread, change what is true.
+struct RecentLookup {
+    HWND window;
+    CWnd* object;
+};
+constexpr std::size_t g_recentLookups = 128;
+thread_local RecentLookup t_recent[g_recentLookups];
+
+RecentLookup& RecentLookupOf(HWND window) {
+    // The lower half of a handle is the index in the system's table, and even.
+    return t_recent[(reinterpret_cast<std::size_t>(window) >> 1) % g_recentLookups];
+}
+
 template <class Result, class Work>
 Result Guarded(Work work, Result answerAfterException) noexcept {
     try {
@@ -31,10 +45,15 @@ bool IsOfClass(HWND window, const wchar_t* className) {
 }  // namespace
 
 CWnd* CWnd::FromHandlePermanent(HWND window) {
-    if (!window || ::GetWindowThreadProcessId(window, nullptr) != ::GetCurrentThreadId()) {
+    if (!window) {
         return nullptr;
     }
-    return static_cast<CWnd*>(::GetPropW(window, g_objectProperty));
+    RecentLookup& recent = RecentLookupOf(window);
+    if (recent.window != window) {
+        const bool ownThread = ::GetWindowThreadProcessId(window, nullptr) == ::GetCurrentThreadId();
+        recent = {window, ownThread ? static_cast<CWnd*>(::GetPropW(window, g_objectProperty)) : nullptr};
+    }
+    return recent.object;
 }
 
 LRESULT CALLBACK CWndEntry::WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -54,7 +73,6 @@ LRESULT CWndEntry::Dispatch(CWnd& object, HWND window, UINT message, WPARAM wPar
     object.m_call = call.outer;
     if (message == WM_NCDESTROY && object.m_hWnd == window) {
         Unbind(object);
-        ::RemovePropW(window, g_procedureProperty);
         object.m_formerProc = nullptr;
         object.m_formerWindow = window;
     }
@@ -79,6 +97,7 @@ bool CWndEntry::Bind(CWnd& object, HWND window, HINSTANCE module, Origin origin)
     if (!::SetPropW(window, g_objectProperty, &object)) {
         return false;
     }
+    RecentLookupOf(window) = {window, &object};
     object.m_hWnd = window;
     object.m_module = module;
     object.m_created = origin == Origin::Created;
@@ -88,6 +107,7 @@ bool CWndEntry::Bind(CWnd& object, HWND window, HINSTANCE module, Origin origin)
 
 void CWndEntry::Unbind(CWnd& object) {
     ::RemovePropW(object.m_hWnd, g_objectProperty);
+    RecentLookupOf(object.m_hWnd) = {};
     fw::RemoveLiveWindow(object.m_module);
     object.m_hWnd = nullptr;
     object.m_module = nullptr;
@@ -95,24 +115,29 @@ void CWndEntry::Unbind(CWnd& object) {
 }
 
 void CWndEntry::TakeProcedure(CWnd& object, HWND window) {
-    // An earlier object left ours in place since somebody else came in front of it: putting it there once
-    // more would close the chain to a ring.
-    object.m_formerProc = reinterpret_cast<WNDPROC>(::GetPropW(window, g_procedureProperty));
     const LONG_PTR own = reinterpret_cast<LONG_PTR>(&CWndEntry::WindowProc);
     const LONG_PTR current = ::GetWindowLongPtrW(window, GWLP_WNDPROC);
-    if (object.m_formerProc || current == own) {
-        return;
+    if (current != own) {
+        object.m_formerProc = reinterpret_cast<WNDPROC>(current);
+        ::SetWindowLongPtrW(window, GWLP_WNDPROC, own);
     }
-    object.m_formerProc = reinterpret_cast<WNDPROC>(current);
-    ::SetPropW(window, g_procedureProperty, reinterpret_cast<HANDLE>(current));
-    ::SetWindowLongPtrW(window, GWLP_WNDPROC, own);
+}
+
+void CWndEntry::TakeProcedureLeftBehind(CWnd& object, HWND window) {
+    object.m_formerProc = reinterpret_cast<WNDPROC>(::RemovePropW(window, g_procedureProperty));
 }
 
 void CWndEntry::GiveProcedureBack(CWnd& object, HWND window) {
     const LONG_PTR own = reinterpret_cast<LONG_PTR>(&CWndEntry::WindowProc);
-    if (object.m_formerProc && ::GetWindowLongPtrW(window, GWLP_WNDPROC) == own) {
-        ::SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(object.m_formerProc));
-        ::RemovePropW(window, g_procedureProperty);
+    if (!object.m_formerProc) {
+        return;
+    }
+    const HANDLE former = reinterpret_cast<HANDLE>(object.m_formerProc);
+    if (::GetWindowLongPtrW(window, GWLP_WNDPROC) == own) {
+        ::SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(former));
+    } else {
+        // Somebody came in front of us and goes on calling us: the window remembers where that has to lead.
+        ::SetPropW(window, g_procedureProperty, former);
     }
     object.m_formerProc = nullptr;
 }

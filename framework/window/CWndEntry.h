@@ -16,9 +16,13 @@ public:
     static bool Bind(CWnd& object, HWND window, HINSTANCE module, Origin origin);
     static void Unbind(CWnd& object);
 
-    // Puts our procedure in front of the window's own, and takes it away if nobody came in front of it since.
+    // Puts our procedure in front of the window's own, and takes it away again.
     static void TakeProcedure(CWnd& object, HWND window);
     static void GiveProcedureBack(CWnd& object, HWND window);
+
+    // An earlier object may have had to leave our procedure in the chain: putting it there once more would
+    // close the chain to a ring. Afterwards the object has a former procedure if that was so.
+    static void TakeProcedureLeftBehind(CWnd& object, HWND window);
 
     // True while the window is inside WM_DESTROY or WM_NCDESTROY.
     static bool IsEnding(const CWnd& object);

@@ -124,7 +124,7 @@ TEST(CString, Concatenation_EachKind_Appends) {
     text += L"e";
     text += CString(L"f");
     text += L'g';
-    EXPECT_EQ(L"_" + text, L"_abcdefg");
+    EXPECT_EQ((L"_" + text).View(), L"_abcdefg");
     EXPECT_TRUE(text < CString(L"b"));
 }
 
