@@ -21,9 +21,12 @@ private:
 //   fw::LifeWatch alive(*this); CallHandler(); if (!alive) return;
 class LifeWatch {
 public:
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdangling-pointer"  // the destructor takes the pointer back
     explicit LifeWatch(Watchable& object) : m_object(&object), m_outer(object.m_watches) {
         object.m_watches = this;
     }
+#pragma GCC diagnostic pop
     ~LifeWatch() {
         if (m_object) {
             m_object->m_watches = m_outer;
