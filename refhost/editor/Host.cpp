@@ -1,5 +1,6 @@
 #include "refhost/editor/Host.h"
 
+#include "refhost/automation/HostServices.h"
 #include "refhost/editor/DocumentManager.h"
 #include "refhost/editor/EditorState.h"
 #include "refhost/editor/HostSession.h"
@@ -16,6 +17,16 @@ Host::Host()
 }
 
 Host::~Host() = default;
+
+void Host::StartServices() {
+    m_services = std::make_unique<HostServices>();
+    m_applicationObject = m_services->Application();
+}
+
+void Host::StopServices() {
+    m_applicationObject = nullptr;
+    m_services.reset();
+}
 
 Host* Host::Current() {
     return HostSession::s_current;

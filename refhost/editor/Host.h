@@ -11,6 +11,7 @@ namespace kvhost {
 class Database;
 class DocumentManager;
 class EditorState;
+class HostServices;
 class SelectionSets;
 class SystemVariables;
 
@@ -44,10 +45,16 @@ private:
     Host& operator=(const Host&) = delete;
     ~Host();
 
+    /// Dialogs, message boxes, automation object and plug-in modules: from after the start of the host to before
+    /// its documents close.
+    void StartServices();
+    void StopServices();
+
     std::unique_ptr<EditorState> m_editor;
     std::unique_ptr<DocumentManager> m_documents;
     std::unique_ptr<SelectionSets> m_sets;
     std::unique_ptr<SystemVariables> m_variables;
+    std::unique_ptr<HostServices> m_services;
     Database* m_workingDatabase = nullptr;
     IUnknown* m_applicationObject = nullptr;
 };

@@ -18,9 +18,11 @@ HostSession::HostSession() {
     Database::KeepRetiredIds(true);
     m_host = new Host();
     s_current = m_host;
+    m_host->StartServices();
 }
 
 HostSession::~HostSession() {
+    m_host->StopServices();
     // Reactors that fire while documents close may still ask for the host.
     m_host->Documents().CloseAll();
     s_current = nullptr;
