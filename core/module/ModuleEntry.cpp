@@ -4,6 +4,7 @@
 #include "core/HostEntryPoint.h"
 #include "core/Satellite.h"
 #include "core/module/ObjectMap.h"
+#include "framework/base/Hresult.h"
 #include "framework/com/Guarded.h"
 #include "framework/window/WindowClass.h"
 #include "host_sdk/KvRxDynamicLinker.h"
