@@ -16,7 +16,7 @@ struct JournalEntry {
     std::wstring result;
 
     /// Name and arguments with one blank between, the form that tests compare.
-    [[nodiscard]] std::wstring Line() const;
+    [[nodiscard]] KVHOST_API std::wstring Line() const;
 };
 
 /// Ordered record of host calls and events. At most one is attached at a time; nothing is recorded without
