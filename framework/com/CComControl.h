@@ -208,6 +208,7 @@ private:
     DWORD m_viewFlags = 0;
     QuickAmbients m_quickAmbients;
     LONG m_freezeCount = 0;
+    unsigned m_closings = 0;  // how often Close was called, to notice one inside a call to the site
 };
 
 namespace fw {

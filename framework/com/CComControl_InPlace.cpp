@@ -34,8 +34,9 @@ HRESULT CComControl::EnterInPlace() {
     }
     const auto site = m_spClientSite.As<IOleInPlaceSite>();
     RETURN_HR_IF(E_FAIL, !site);
+    const unsigned closings = m_closings;
     const HRESULT allowed = site->CanInPlaceActivate();
-    RETURN_HR_IF(FAILED(allowed) ? allowed : E_FAIL, allowed != S_OK);
+    RETURN_HR_IF(FAILED(allowed) ? allowed : E_FAIL, allowed != S_OK || closings != m_closings);
     m_spInPlaceSite = site;
     m_bInPlaceActive = true;
     const HRESULT told = site->OnInPlaceActivate();

@@ -91,6 +91,7 @@ STDMETHODIMP CComControl::Close(DWORD) {
     return fw::Guarded([&] {
         const fw::ComPtr<IUnknown> self(GetUnknown());
         const ScopedFlag closing(m_bClosing);
+        ++m_closings;
         const HRESULT deactivated = InPlaceDeactivate();
         if (const fw::ComPtr<IOleAdviseHolder> holder = m_adviseHolder) {
             // A sink that fails must not keep the control open.
