@@ -25,8 +25,8 @@ BOOL CWnd::Create(const fw::WindowClass& windowClass, const wchar_t* text, DWORD
 BOOL CWnd::CreateEx(DWORD exStyle, const fw::WindowClass& windowClass, const wchar_t* text, DWORD style,
                     const RECT& bounds, HWND parent, UINT_PTR idOrMenu, void* parameter) {
     return fw::RegisterWindowClass(windowClass) &&
-           CreateOfClass(exStyle, windowClass.name, text, style, bounds, parent, idOrMenu, windowClass.module,
-                         parameter);
+           CreateOfClass(exStyle, windowClass.name, text, style, bounds, parent, idOrMenu,
+                         windowClass.Module(), parameter);
 }
 
 BOOL CWnd::CreateControl(DWORD exStyle, const wchar_t* systemClass, const wchar_t* text, DWORD style,

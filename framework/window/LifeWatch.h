@@ -35,7 +35,9 @@ public:
     LifeWatch(const LifeWatch&) = delete;
     LifeWatch& operator=(const LifeWatch&) = delete;
 
-    explicit operator bool() const { return m_object != nullptr; }
+    explicit operator bool() const {
+        return m_object != nullptr;
+    }
 
 private:
     friend class Watchable;

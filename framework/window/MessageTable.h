@@ -39,7 +39,7 @@ struct MessageEntry {
     }
 };
 
-// The handlers of a base stand in the table of the base.
+// Takes handlers of the class itself: those of a base stand in the table of the base.
 template <class Class>
 constexpr MessageEntry<Class> OnMessage(UINT message, MessageHandler<Class> handler) {
     return {message, AnyCommand, AnyCommand, handler};

@@ -65,6 +65,9 @@ HWND Sender(UINT message, LPARAM lParam) {
 namespace fw {
 
 bool ReflectMessage(HWND parent, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    if (!lParam) {
+        return false;  // from a menu or an accelerator
+    }
     if (CWnd* const child = OwnerDrawChild(parent, message, lParam)) {
         result = DoOwnerDraw(*child, message, lParam);
         return true;

@@ -29,7 +29,7 @@ WNDCLASSEXW Describe(const fw::WindowClass& windowClass) {
     description.cbSize = sizeof description;
     description.style = windowClass.style;
     description.lpfnWndProc = CWndEntry::WindowProc;
-    description.hInstance = windowClass.module;
+    description.hInstance = windowClass.Module();
     description.hCursor = windowClass.cursor == fw::NoCursor
                               ? nullptr
                               : ::LoadCursorW(nullptr, MAKEINTRESOURCEW(windowClass.cursor));
@@ -46,7 +46,7 @@ bool RegisterWindowClass(const WindowClass& windowClass) {
     Registry& registry = TheRegistry();
     const std::lock_guard lock(registry.guard);
     const bool known = std::any_of(registry.classes.begin(), registry.classes.end(), [&](const auto& entry) {
-        return entry.module == windowClass.module && entry.name == windowClass.name;
+        return entry.module == windowClass.Module() && entry.name == windowClass.name;
     });
     if (known) {
         return true;
@@ -55,7 +55,7 @@ bool RegisterWindowClass(const WindowClass& windowClass) {
     if (!::RegisterClassExW(&description)) {
         return false;
     }
-    registry.classes.push_back({windowClass.module, windowClass.name});
+    registry.classes.push_back({windowClass.Module(), windowClass.name});
     return true;
 }
 

@@ -18,7 +18,12 @@ struct WindowClass {
     UINT style = 0;               // CS_ values
     WORD cursor = ArrowCursor;    // id of a system cursor
     HBRUSH background = nullptr;  // null: the window paints its own; a COLOR_ value + 1 is allowed
-    HINSTANCE module = ThisModule();
+    HINSTANCE module = nullptr;   // null: the module that this description was compiled into
+    const IMAGE_DOS_HEADER* compiledInto = &__ImageBase;
+
+    HINSTANCE Module() const {
+        return module ? module : reinterpret_cast<HINSTANCE>(const_cast<IMAGE_DOS_HEADER*>(compiledInto));
+    }
 };
 
 // Registers the class if its module has not done so yet. False if the system refuses.

@@ -214,6 +214,7 @@ TEST_F(ReflectionTest, ParentOfAnotherKind_ReflectsByCall) {
     LRESULT result = 0;
     EXPECT_FALSE(fw::ReflectMessage(m_parent, WM_PAINT, 0, 0, result));
     EXPECT_FALSE(fw::ReflectMessage(m_parent, WM_COMMAND, 0, 0, result)) << "a menu command has no sender";
+    EXPECT_FALSE(fw::ReflectMessage(m_parent, WM_NOTIFY, 0, 0, result));
     const fw::WindowDc dc(edit);
     EXPECT_TRUE(fw::ReflectMessage(m_parent, WM_CTLCOLOREDIT, reinterpret_cast<WPARAM>(dc.Get()),
                                    reinterpret_cast<LPARAM>(edit.m_hWnd), result));

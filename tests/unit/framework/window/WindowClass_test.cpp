@@ -50,6 +50,14 @@ TEST(WindowClass, Description_IsWhatTheSystemGets) {
     EXPECT_EQ(reinterpret_cast<HINSTANCE>(::GetWindowLongPtrW(window, GWLP_HINSTANCE)), fw::ThisModule());
 }
 
+TEST(WindowClass, ConstantDescription_BelongsToTheModuleThatHoldsIt) {
+    static constexpr fw::WindowClass s_class{L"KvFrameTestConstant"};
+    EXPECT_EQ(s_class.Module(), fw::ThisModule());
+    fw::WindowClass lent = s_class;
+    lent.module = ::GetModuleHandleW(L"KvFrame.dll");
+    EXPECT_EQ(lent.Module(), ::GetModuleHandleW(L"KvFrame.dll"));
+}
+
 TEST(WindowClass, NameTakenByAForeignClass_IsRefused) {
     WNDCLASSEXW foreign{};
     foreign.cbSize = sizeof foreign;
