@@ -12,16 +12,17 @@ namespace kvhost {
 // the members are template arguments, so that a table row names them and nothing else.
 
 /// Coordinates as VT_ARRAY|VT_R8, the automation form of points and vertex lists.
-[[nodiscard]] fw::Variant NumbersToVariant(std::span<const double> numbers);
+[[nodiscard]] KVHOST_API fw::Variant NumbersToVariant(std::span<const double> numbers);
 /// Accepts arrays of VT_R8 and arrays of VARIANTs that convert to it; eInvalidInput for all else.
-[[nodiscard]] Tolm::ErrorStatus NumbersFromVariant(const fw::Variant& value, std::vector<double>& numbers);
-[[nodiscard]] fw::Variant PointToVariant(const Point3& point);
+[[nodiscard]] KVHOST_API Tolm::ErrorStatus NumbersFromVariant(const fw::Variant& value,
+                                                              std::vector<double>& numbers);
+[[nodiscard]] KVHOST_API fw::Variant PointToVariant(const Point3& point);
 /// Two numbers (z becomes 0) or three.
-[[nodiscard]] Tolm::ErrorStatus PointFromVariant(const fw::Variant& value, Point3& point);
+[[nodiscard]] KVHOST_API Tolm::ErrorStatus PointFromVariant(const fw::Variant& value, Point3& point);
 
 /// Colours as numbers: an index, 0 for ByBlock, 256 for ByLayer, 0xC2rrggbb for red, green and blue.
-[[nodiscard]] long ColorToNumber(const ColorValue& color);
-[[nodiscard]] Tolm::ErrorStatus ColorFromNumber(long number, ColorValue& color);
+[[nodiscard]] KVHOST_API long ColorToNumber(const ColorValue& color);
+[[nodiscard]] KVHOST_API Tolm::ErrorStatus ColorFromNumber(long number, ColorValue& color);
 
 template <class T, auto Get>
 Tolm::ErrorStatus ReadText(const Object& object, fw::Variant& value) {
