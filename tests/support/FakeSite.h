@@ -26,6 +26,7 @@ public:
     HRESULT windowContextResult = S_OK;
     bool isActive = false;    ///< between OnInPlaceActivate and OnInPlaceDeactivate
     bool isUIActive = false;  ///< between OnUIActivate and OnUIDeactivate
+    ULONG References() const { return m_references; }
     FakeFrame& Frame() { return *m_frame; }
 
     // IUnknown

@@ -1,6 +1,15 @@
 #include "tests/unit/families/RowBench.h"
 
+#include "core/Satellite.h"
+#include "tests/support/WarmUp.h"
+
 namespace kvtest {
+namespace {
+
+// Loaded once, as the module does at its attach.
+const WarmUpStep s_satellite([] { EXPECT_TRUE(LoadKvPeSatellite(::GetModuleHandleW(nullptr))); });
+
+}  // namespace
 
 LRESULT RowWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     BOOL handled = TRUE;

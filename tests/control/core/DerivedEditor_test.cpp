@@ -1,0 +1,69 @@
+// What modules with editors of their own do: derive from the exported base class, linked to the module's
+// import library.
+
+#include "core/CKvPeCtrlBase.h"
+
+#include <gtest/gtest.h>
+
+#include "framework/com/SafeArray.h"
+#include "refhost/editor/HostSession.h"
+#include "refhost/testing/ScriptedObject.h"
+
+namespace {
+
+// Shows numbers that differ by less than a tenth as the same.
+class TolerantEditor final : public CKvPeCtrlBase {
+public:
+    TolerantEditor() : CKvPeCtrlBase(nullptr, nullptr) {}
+
+    HRESULT ComparePropertyValue(VARIANT* first, VARIANT* second, int& result) override {
+        if (first->vt != VT_R8 || second->vt != VT_R8) {
+            return CKvPeCtrlBase::ComparePropertyValue(first, second, result);
+        }
+        const double difference = first->dblVal - second->dblVal;
+        result = difference < 0.1 && difference > -0.1 ? 0 : -1;
+        return S_OK;
+    }
+
+    using CKvPeCtrlBase::m_expressionState;
+    using CKvPeCtrlBase::undoSSRetain;
+    using CKvPeCtrlBase::UpdateExpressionSupportState;
+};
+
+TEST(DerivedEditor, OverrideInAnotherModule_IsCalledByTheRead) {
+    const kvhost::HostSession host;
+    const auto first = kvhost::ScriptedObject::Make(L"A");
+    const auto second = kvhost::ScriptedObject::Make(L"B");
+    first->At(5).Set(1.0);
+    second->At(5).Set(1.05);
+    IDispatch* const selection[] = {first.Get(), second.Get()};
+    IUnknown* const none[] = {nullptr, nullptr};
+    const LONG ids[] = {5, 5};
+    fw::Variant objects;
+    fw::Variant dynamicProperties;
+    fw::Variant dispids;
+    ASSERT_EQ(fw::MakeDispatchArray(selection, 2, objects), S_OK);
+    ASSERT_EQ(fw::MakeUnknownArray(none, 2, dynamicProperties), S_OK);
+    ASSERT_EQ(fw::MakeLongArray(ids, 2, dispids), S_OK);
+
+    TolerantEditor editor;
+    ASSERT_EQ(
+        editor.Handle_InitEditControl(objects.Address(), dynamicProperties.Address(), dispids.Address(), 0),
+        S_OK);
+    fw::Variant value;
+    ValueType type = ValueType_Varies;
+    EXPECT_EQ(editor.GetPropertyValue(value.Put(), type), S_OK);
+    EXPECT_EQ(type, ValueType_Specific);
+    second->At(5).Set(2.0);
+    EXPECT_EQ(editor.GetPropertyValue(value.Put(), type), S_OK);
+    EXPECT_EQ(type, ValueType_Varies);
+}
+
+TEST(DerivedEditor, ProtectedMembers_AreExported) {
+    TolerantEditor editor;
+    editor.UpdateExpressionSupportState(true, true, L"");
+    EXPECT_EQ(editor.m_expressionState, 1);
+    EXPECT_EQ(editor.undoSSRetain(nullptr, 1), Tolm::eInvalidInput);
+}
+
+}  // namespace

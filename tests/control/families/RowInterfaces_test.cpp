@@ -1,0 +1,317 @@
+#include "framework/base/Hresult.h"
+#include "tests/control/support/RowContainer.h"
+
+namespace {
+
+using kvtest::FakeSite;
+
+class RowInterfaces : public kvtest::RowContainer, public ::testing::WithParamInterface<const CLSID*> {};
+class TextRowInterfaces : public kvtest::RowContainer {
+protected:
+    static fw::Variant Color(OLE_COLOR color) { return fw::Variant::FromLong(static_cast<LONG>(color)); }
+
+    static fw::ComPtr<IFont> MakeFont(LONGLONG size) {
+        FONTDESC description{.cbSizeofstruct = sizeof(FONTDESC),
+                             .lpstrName = const_cast<wchar_t*>(L"Tahoma"),
+                             .cySize = {.int64 = size},
+                             .sWeight = FW_NORMAL,
+                             .sCharset = DEFAULT_CHARSET,
+                             .fItalic = FALSE,
+                             .fUnderline = FALSE,
+                             .fStrikethrough = FALSE};
+        fw::ComPtr<IFont> font;
+        EXPECT_EQ(::OleCreateFontIndirect(&description, IID_IFont, font.PutVoid()), S_OK);
+        return font;
+    }
+
+    OLE_COLOR BackColor() {
+        OLE_COLOR color = 0;
+        EXPECT_EQ(control->get_BackColor(&color), S_OK);
+        return color;
+    }
+    OLE_COLOR ForeColor() {
+        OLE_COLOR color = 0;
+        EXPECT_EQ(control->get_ForeColor(&color), S_OK);
+        return color;
+    }
+    OLE_COLOR ReadOnlyBackColor() {
+        OLE_COLOR color = 0;
+        EXPECT_EQ(control->get_ReadOnlyBackColor(&color), S_OK);
+        return color;
+    }
+    OLE_COLOR ReadOnlyForeColor() {
+        OLE_COLOR color = 0;
+        EXPECT_EQ(control->get_ReadOnlyForeColor(&color), S_OK);
+        return color;
+    }
+    IUnknown* Font() {
+        fw::ComPtr<IUnknown> font;
+        EXPECT_EQ(control->get_Font(font.Put()), S_OK);
+        return font.Get();  // the control holds it
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Rows, RowInterfaces,
+                         ::testing::Values(&CLSID_KvPePropertyEditorText, &CLSID_KvPePropertyEditorPwdText));
+
+TEST_P(RowInterfaces, Query_CommonSet_IsAnsweredByOneObject) {
+    Create(*GetParam());
+    const IID* const ids[] = {&IID_IDispatch,
+                              &__uuidof(IKvPiPropertyEditControl),
+                              &__uuidof(IKvPiPropertyEditControl2),
+                              &IID_IOleControl,
+                              &IID_IOleObject,
+                              &IID_IOleInPlaceActiveObject,
+                              &IID_IViewObjectEx,
+                              &IID_IViewObject2,
+                              &IID_IViewObject,
+                              &IID_IOleInPlaceObjectWindowless,
+                              &IID_IOleInPlaceObject,
+                              &IID_IOleWindow,
+                              &IID_IConnectionPointContainer,
+                              &IID_IQuickActivate};
+    for (const IID* id : ids) {
+        fw::ComPtr<IUnknown> answer;
+        ASSERT_EQ(control->QueryInterface(*id, answer.PutVoid()), S_OK);
+        EXPECT_TRUE(fw::IsSameObject(answer.Get(), control.Get()));
+    }
+}
+
+TEST_P(RowInterfaces, Query_InterfacesOfOtherRows_AreRefused) {
+    Create(*GetParam());
+    const IID* const ids[] = {&__uuidof(IKvPeColorCtrl), &__uuidof(IKvPeButtonEditCtrl),
+                              &__uuidof(IKvPeNumericEditor), &__uuidof(IKvPeCalculatorCtrl),
+                              &IID_IPersistStreamInit};
+    for (const IID* id : ids) {
+        fw::ComPtr<IUnknown> answer;
+        EXPECT_EQ(control->QueryInterface(*id, answer.PutVoid()), E_NOINTERFACE);
+        EXPECT_FALSE(answer);
+    }
+}
+
+TEST_P(RowInterfaces, UserClassId_IsThatOfTheClass) {
+    Create(*GetParam());
+    CLSID classId{};
+    EXPECT_EQ(As<IOleObject>()->GetUserClassID(&classId), S_OK);
+    EXPECT_EQ(classId, *GetParam());
+}
+
+TEST_P(RowInterfaces, ConnectionPoints_AreTheSinkAndThePropertyNotices) {
+    Create(*GetParam());
+    const auto container = As<IConnectionPointContainer>();
+    fw::ComPtr<IConnectionPoint> point;
+    EXPECT_EQ(container->FindConnectionPoint(__uuidof(IKvPiPropertyEditEventsSink2), point.Put()), S_OK);
+    EXPECT_EQ(container->FindConnectionPoint(IID_IPropertyNotifySink, point.Put()), S_OK);
+    EXPECT_EQ(container->FindConnectionPoint(__uuidof(IKvPiPropertyEditEventsSink), point.Put()),
+              CONNECT_E_NOCONNECTION);
+}
+
+TEST_F(TextRowInterfaces, Dispatch_NamesAndIds_AreThoseOfTheTypeLibrary) {
+    Create(CLSID_KvPePropertyEditorText);
+    struct Expected {
+        const wchar_t* name;
+        DISPID id;
+    };
+    const Expected expected[] = {
+        {L"InitEditControl", 1},       {L"Refresh", 2},      {L"KeepFocus", 3},
+        {L"BackColor", -501},          {L"ForeColor", -513}, {L"ReadOnlyBackColor", -2000},
+        {L"ReadOnlyForeColor", -2001}, {L"Font", -512}};
+    for (const Expected& item : expected) {
+        auto* name = const_cast<wchar_t*>(item.name);
+        DISPID id = 0;
+        EXPECT_EQ(control->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id), S_OK);
+        EXPECT_EQ(id, item.id);
+    }
+}
+
+TEST_F(TextRowInterfaces, Dispatch_GetAndPutByName_ReachTheRow) {
+    Create(CLSID_KvPePropertyEditorText);
+    fw::Variant argument = Color(0x123456);
+    DISPID put = DISPID_PROPERTYPUT;
+    DISPPARAMS parameters{argument.Address(), &put, 1, 1};
+    EXPECT_EQ(control->Invoke(-501, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYPUT, &parameters, nullptr,
+                              nullptr, nullptr),
+              S_OK);
+    EXPECT_EQ(BackColor(), 0x123456u);
+    fw::Variant result;
+    DISPPARAMS none{};
+    EXPECT_EQ(control->Invoke(-501, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, result.Put(),
+                              nullptr, nullptr),
+              S_OK);
+    EXPECT_EQ(result.ChangeType(VT_I4), S_OK);
+    EXPECT_EQ(result.LongOr(0), 0x123456);
+}
+
+TEST_F(TextRowInterfaces, Colours_Initially_AreThoseOfAWindow) {
+    Create(CLSID_KvPePropertyEditorText);
+    EXPECT_EQ(ForeColor(), 0u);
+    EXPECT_EQ(ReadOnlyForeColor(), 0u);
+    EXPECT_EQ(BackColor(), 0x80000005u);
+    EXPECT_EQ(ReadOnlyBackColor(), 0x80000005u);
+}
+
+TEST_F(TextRowInterfaces, Colours_Put_AreGivenBack) {
+    Create(CLSID_KvPePropertyEditorText);
+    EXPECT_EQ(control->put_BackColor(1), S_OK);
+    EXPECT_EQ(control->put_ForeColor(2), S_OK);
+    EXPECT_EQ(control->put_ReadOnlyBackColor(3), S_OK);
+    EXPECT_EQ(control->put_ReadOnlyForeColor(4), S_OK);
+    EXPECT_EQ(BackColor(), 1u);
+    EXPECT_EQ(ForeColor(), 2u);
+    EXPECT_EQ(ReadOnlyBackColor(), 3u);
+    EXPECT_EQ(ReadOnlyForeColor(), 4u);
+}
+
+TEST_F(TextRowInterfaces, Getters_NullPlace_GivePointerError) {
+    Create(CLSID_KvPePropertyEditorText);
+    EXPECT_EQ(control->get_BackColor(nullptr), E_POINTER);
+    EXPECT_EQ(control->get_ForeColor(nullptr), E_POINTER);
+    EXPECT_EQ(control->get_ReadOnlyBackColor(nullptr), E_POINTER);
+    EXPECT_EQ(control->get_ReadOnlyForeColor(nullptr), E_POINTER);
+    EXPECT_EQ(control->get_Font(nullptr), E_POINTER);
+    EXPECT_EQ(control->get_KeepFocus(nullptr), E_POINTER);
+    EXPECT_EQ(control->get_PropertyIdentifier(nullptr), E_POINTER);
+    EXPECT_EQ(control->put_Font(nullptr), E_POINTER);
+}
+
+TEST_F(TextRowInterfaces, ControlInfo_NoAccelerators) {
+    Create(CLSID_KvPePropertyEditorText);
+    CONTROLINFO info{};
+    info.cAccel = 9;
+    info.hAccel = reinterpret_cast<HACCEL>(this);
+    info.dwFlags = 7;
+    EXPECT_EQ(As<IOleControl>()->GetControlInfo(&info), S_OK);
+    EXPECT_EQ(info.cb, 24u);
+    EXPECT_EQ(info.hAccel, nullptr);
+    EXPECT_EQ(info.cAccel, 0);
+    EXPECT_EQ(info.dwFlags, 0u);
+    EXPECT_EQ(As<IOleControl>()->GetControlInfo(nullptr), E_POINTER);
+}
+
+TEST_F(TextRowInterfaces, AmbientChange_All_AsksFontForeAndBackColourInThisOrder) {
+    Create(CLSID_KvPePropertyEditorText);
+    EXPECT_EQ(As<IOleControl>()->OnAmbientPropertyChange(-1), S_OK);
+    EXPECT_CALLS(journal, "Site.Ambient -703", "Site.Ambient -704", "Site.Ambient -701");
+}
+
+TEST_F(TextRowInterfaces, AmbientChange_One_AsksForThatOne) {
+    Create(CLSID_KvPePropertyEditorText);
+    const auto olecontrol = As<IOleControl>();
+    EXPECT_EQ(olecontrol->OnAmbientPropertyChange(-512), S_OK);
+    EXPECT_CALLS(journal, "Site.Ambient -703");
+    Clear();
+    EXPECT_EQ(olecontrol->OnAmbientPropertyChange(-513), S_OK);
+    EXPECT_CALLS(journal, "Site.Ambient -704");
+    Clear();
+    EXPECT_EQ(olecontrol->OnAmbientPropertyChange(-501), S_OK);
+    EXPECT_CALLS(journal, "Site.Ambient -701");
+    Clear();
+    EXPECT_EQ(olecontrol->OnAmbientPropertyChange(-500), S_OK);
+    EXPECT_NO_CALLS(journal);
+}
+
+TEST_F(TextRowInterfaces, AmbientChange_ValuesThere_AreTaken) {
+    Create(CLSID_KvPePropertyEditorText);
+    const fw::ComPtr<IFont> font = MakeFont(90000);
+    site->ambients[DISPID_AMBIENT_BACKCOLOR] = Color(0x111111);
+    site->ambients[DISPID_AMBIENT_FORECOLOR] = Color(0x222222);
+    site->ambients[DISPID_AMBIENT_FONT] = fw::Variant::FromUnknown(font.Get());
+    EXPECT_EQ(As<IOleControl>()->OnAmbientPropertyChange(-1), S_OK);
+    EXPECT_EQ(BackColor(), 0x111111u);
+    EXPECT_EQ(ForeColor(), 0x222222u);
+    EXPECT_TRUE(fw::IsSameObject(Font(), font.Get()));
+}
+
+TEST_F(TextRowInterfaces, AmbientChange_ValueMissing_LeavesTheRowsOwn) {
+    Create(CLSID_KvPePropertyEditorText);
+    EXPECT_EQ(control->put_BackColor(0x333333), S_OK);
+    EXPECT_EQ(As<IOleControl>()->OnAmbientPropertyChange(-1), S_OK);
+    EXPECT_EQ(BackColor(), 0x333333u);
+}
+
+TEST_F(TextRowInterfaces, Activation_WindowMade_TakesTheFiveAmbientsInOrder) {
+    Create(CLSID_KvPePropertyEditorText);
+    const fw::ComPtr<IFont> font = MakeFont(90000);
+    site->ambients[DISPID_AMBIENT_BACKCOLOR] = Color(0x111111);
+    site->ambients[-2000] = Color(0x333333);
+    site->ambients[DISPID_AMBIENT_FORECOLOR] = Color(0x222222);
+    site->ambients[-2001] = Color(0x444444);
+    site->ambients[DISPID_AMBIENT_FONT] = fw::Variant::FromUnknown(font.Get());
+    ASSERT_EQ(DoVerb(OLEIVERB_INPLACEACTIVATE), S_OK);
+    EXPECT_CALLS(kvtest::CallsOnly(journal, {"Site.Ambient"}), "Site.Ambient -701", "Site.Ambient -2000",
+                 "Site.Ambient -704", "Site.Ambient -2001", "Site.Ambient -703");
+    EXPECT_EQ(BackColor(), 0x111111u);
+    EXPECT_EQ(ForeColor(), 0x222222u);
+    EXPECT_EQ(ReadOnlyBackColor(), 0x333333u);
+    EXPECT_EQ(ReadOnlyForeColor(), 0x444444u);
+    EXPECT_TRUE(fw::IsSameObject(Font(), font.Get()));
+}
+
+TEST_F(TextRowInterfaces, InitEditControl_AmbientsFirst_ThenTheRead) {
+    Create(CLSID_KvPePropertyEditorText);
+    EXPECT_EQ(InitEdit({&MakeObject(L"A", L"alpha")}), S_OK);
+    EXPECT_CALLS(journal, "Site.Ambient -703", "Site.Ambient -704", "Site.Ambient -701", "Invoke A get 5");
+}
+
+TEST_F(TextRowInterfaces, InitEditControl_BadArguments_Fail) {
+    Create(CLSID_KvPePropertyEditorText);
+    EXPECT_EQ(control->InitEditControl(nullptr, nullptr, nullptr, VARIANT_FALSE), E_FAIL);
+    EXPECT_EQ(kvtest::CallsOnly(journal, {"Invoke"}), kvtest::CallLines{});
+}
+
+TEST_F(TextRowInterfaces, Refresh_ReadFails_SucceedsAndKeepsTheText) {
+    CreateTextRow({L"alpha"});
+    UIActivate();
+    objects[0]->At(c_property).getResult = E_ACCESSDENIED;
+    EXPECT_EQ(control->Refresh(0), S_OK);
+    EXPECT_EQ(BoxText(), L"alpha");
+}
+
+TEST_F(TextRowInterfaces, Refresh_RepaintsTheWholeRow) {
+    CreateTextRow({L"alpha"});
+    ::UpdateWindow(Row());
+    ::ValidateRect(Row(), nullptr);
+    objects[0]->At(c_property).Set(L"beta");
+    EXPECT_EQ(control->Refresh(99), S_OK);
+    RECT dirty{};
+    EXPECT_TRUE(::GetUpdateRect(Row(), &dirty, FALSE));
+    EXPECT_EQ(CRect(dirty), CRect(0, 0, 120, 20));
+    EXPECT_EQ(kvtest::CallsOnly(journal, {"Invoke"}), kvtest::CallLines{"Invoke A get 5"});
+}
+
+TEST_F(TextRowInterfaces, SetValue_WritesAllObjects) {
+    CreateTextRow({L"alpha", L"beta"});
+    fw::Variant value = fw::Variant::FromString(L"gamma");
+    EXPECT_EQ(control->SetValue(value.Address(), 0), S_OK);
+    EXPECT_EQ(fw::Variant::ViewString(objects[0]->At(c_property).Get()), L"gamma");
+    EXPECT_EQ(fw::Variant::ViewString(objects[1]->At(c_property).Get()), L"gamma");
+    EXPECT_EQ(control->SetValue(value.Address(), 1), E_INVALIDARG);
+    EXPECT_EQ(control->SetValue(nullptr, 0), E_POINTER);
+}
+
+TEST_F(TextRowInterfaces, LaunchDialog_FlagsOfTheButton_AreRefusedByARowWithoutButtons) {
+    CreateTextRow({L"alpha"});
+    const fw::Bstr text(L"alpha");
+    EXPECT_EQ(control->LaunchDialog(text.Get(), 24), E_UNEXPECTED);
+    EXPECT_EQ(control->LaunchDialog(text.Get(), 31), E_UNEXPECTED);
+    EXPECT_NO_CALLS(journal);
+}
+
+TEST_F(TextRowInterfaces, LaunchDialog_NoFlag_IsRefused) {
+    CreateTextRow({L"alpha"});
+    const fw::Bstr text(L"alpha");
+    EXPECT_EQ(control->LaunchDialog(text.Get(), 0), E_UNEXPECTED);
+    EXPECT_EQ(control->LaunchDialog(text.Get(), 16), E_UNEXPECTED);
+    EXPECT_NO_CALLS(journal);
+}
+
+TEST_F(TextRowInterfaces, LaunchDialog_FlagOfThePropertysDialog_AsksForIt) {
+    CreateTextRow({L"alpha"});
+    objects[0]->interfaces = kvhost::OffersBrowsing;
+    objects[0]->At(c_property).pageResult = E_NOTIMPL;
+    const fw::Bstr text(L"alpha");
+    fw::Ignore(control->LaunchDialog(text.Get(), 8));  // the dialog's result is undefined beyond success
+    EXPECT_EQ(kvtest::CallsOnly(journal, {"MapPropertyToPage"}).size(), 1u);
+}
+
+}  // namespace
