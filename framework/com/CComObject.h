@@ -86,7 +86,6 @@ private:
             m_module->Lock();
         }
     }
-    ~CComObject() = default;
 
     CComModule* m_module;
     ULONG m_references = 0;

@@ -29,9 +29,10 @@ protected:
         static const BOOL s_ready = Export<BOOL(WINAPI*)()>("AtlAxWinInit")();
         ASSERT_TRUE(s_ready);
         fw::ComPtr<IClassFactory> factory;
-        ASSERT_EQ(kvtest::TestModule().GetClassObject(CLSID_TestRow, IID_IClassFactory, factory.PutVoid()),
-                  S_OK);
-        ASSERT_EQ(::CoRegisterClassObject(CLSID_TestRow, factory.Get(), CLSCTX_INPROC_SERVER,
+        ASSERT_EQ(
+            kvtest::TestModule().GetClassObject(CLSID_TestRowControl, IID_IClassFactory, factory.PutVoid()),
+            S_OK);
+        ASSERT_EQ(::CoRegisterClassObject(CLSID_TestRowControl, factory.Get(), CLSCTX_INPROC_SERVER,
                                           REGCLS_MULTIPLEUSE, &m_registered),
                   S_OK);
         static const fw::WindowClass s_class{L"KvFrameTestContainer"};

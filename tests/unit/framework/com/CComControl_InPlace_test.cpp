@@ -1,3 +1,5 @@
+#include <stdexcept>
+
 #include "tests/unit/framework/com/ControlTest.h"
 
 namespace {
@@ -128,6 +130,13 @@ TEST_F(InPlaceTest, UIActivationRefused_StaysInPlace) {
     EXPECT_EQ(Do(OLEIVERB_UIACTIVATE), E_FAIL);
     EXPECT_FALSE(m_row->m_bUIActive);
     EXPECT_TRUE(m_row->m_bInPlaceActive);
+}
+
+TEST_F(InPlaceTest, EditingThrows_NothingCrossesTheBorder) {
+    m_row->whenActivated = [] { throw std::runtime_error("no child window"); };
+    EXPECT_EQ(Do(OLEIVERB_UIACTIVATE), E_FAIL);
+    EXPECT_EQ(m_inPlace->InPlaceDeactivate(), S_OK);
+    EXPECT_FALSE(m_row->m_bInPlaceActive);
 }
 
 TEST_F(InPlaceTest, ContainerWithoutDocument_IsFine) {

@@ -85,7 +85,7 @@ TEST_F(OleObjectTest, EnumVerbs_HeldAlone_KeepsTheModule) {
 TEST_F(OleObjectTest, ClassAndStatus_ComeFromTheClassTable) {
     CLSID classId{};
     EXPECT_EQ(m_object->GetUserClassID(&classId), S_OK);
-    EXPECT_TRUE(::IsEqualCLSID(classId, CLSID_TestRow));
+    EXPECT_TRUE(::IsEqualCLSID(classId, CLSID_TestRowControl));
     EXPECT_EQ(m_object->GetUserClassID(nullptr), E_POINTER);
     LPOLESTR type = nullptr;
     ASSERT_EQ(m_object->GetUserType(USERCLASSTYPE_FULL, &type), S_OK);

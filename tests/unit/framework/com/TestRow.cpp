@@ -24,7 +24,7 @@ CallLines& Log() {
 }
 
 CComModule& TestModule() {
-    static const fw::ObjectMapEntry s_objects[] = {{&CLSID_TestRow, &CComObject<TestRow>::Create,
+    static const fw::ObjectMapEntry s_objects[] = {{&CLSID_TestRowControl, &CComObject<TestRow>::Create,
                                                     L"KvFrameTest.Row.1", L"KvFrameTest.Row",
                                                     TestRowDescription, fw::ControlMiscStatus, nullptr}};
     static const HRESULT s_made = s_module.Init(s_objects);
@@ -69,7 +69,7 @@ STDMETHODIMP TestRow::Quit() {
 }
 
 const CLSID& TestRow::ClassId() const noexcept {
-    return CLSID_TestRow;
+    return CLSID_TestRowControl;
 }
 
 STDMETHODIMP TestRow::OnAmbientPropertyChange(DISPID id) {

@@ -86,7 +86,8 @@ TEST(Variant, Objects_AreReferenced) {
     const auto row = MakeRow();
     {
         const auto value = fw::Variant::FromUnknown(row->GetUnknown());
-        const fw::Variant copy(value);
+        fw::Variant copy;
+        copy = value;
         EXPECT_EQ(CountOf(row->GetUnknown()), 3u);
         EXPECT_EQ(copy.Unknown(), row->GetUnknown());
     }
