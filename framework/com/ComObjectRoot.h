@@ -7,10 +7,10 @@ class CComModule;
 namespace fw {
 
 /// Base of every class that CComObject makes an object of. The class adds its interfaces as further bases and
-///   static std::span<const fw::InterfaceEntry> Interfaces();   // one static array, the first entry is the
-///   identity
-/// and may hide FinalConstruct and FinalRelease. A class that inherits Interfaces has its owner as the first
-/// base, since the entries start from the address of the object.
+///   static std::span<const fw::InterfaceEntry> Interfaces();
+/// with one static array whose first entry is the identity, and may hide FinalConstruct and FinalRelease. A
+/// class that inherits Interfaces has its owner as the first base, since the entries start from the address
+/// of the object.
 class ComObjectRoot {
 public:
     /// The object's identity, without a reference of its own.
