@@ -5,7 +5,7 @@
 
 namespace kvpalette {
 
-/// What one command of the command line does. The order is that of the table in CommandLine.cpp.
+/// What one command of the command line does.
 enum class CommandKind {
     Select,
     Rows,
@@ -36,7 +36,7 @@ enum class CommandKind {
 
 /// One command with its argument taken apart.
 struct Command {
-    CommandKind kind;
+    CommandKind kind = CommandKind::Rows;
     /// The argument as written; for ROW=TEXT and its kin the part before the separator.
     std::wstring target;
     /// The part behind the separator.

@@ -11,7 +11,7 @@ namespace kvpalette {
 
 namespace {
 
-enum class Argument { None, Text, Count, TwoParts, Points, Dimensions };
+enum class Argument { None, Text, Count, TwoParts, Points, Dimensions, Zoom };
 
 struct CommandForm {
     const wchar_t* name;
@@ -45,7 +45,7 @@ constexpr CommandForm c_forms[] = {
     {L"--edit", CommandKind::Edit, Argument::Text, 0, false, L"ROW"},
     {L"--type", CommandKind::Type, Argument::Text, 0, false, L"TEXT"},
     {L"--tip", CommandKind::Tip, Argument::Text, 0, false, L"ROW"},
-    {L"--zoom", CommandKind::Zoom, Argument::Text, 0, false, L"extents|selection|FACTOR"},
+    {L"--zoom", CommandKind::Zoom, Argument::Zoom, 0, false, L"extents|selection|FACTOR"},
     {L"--size", CommandKind::Size, Argument::Dimensions, 0, false, L"WIDTHxHEIGHT"},
     {L"--say", CommandKind::Say, Argument::Text, 0, false, L"TEXT"},
 };
@@ -55,8 +55,8 @@ constexpr int c_largestCount = 100000;
 constexpr std::size_t c_mostCommands = 100000;
 
 const CommandForm* FindForm(const std::wstring& name) {
-    const auto* const found =
-        std::find_if(std::begin(c_forms), std::end(c_forms), [&](const auto& form) { return name == form.name; });
+    const auto* const found = std::find_if(std::begin(c_forms), std::end(c_forms),
+                                           [&](const auto& form) { return name == form.name; });
     return found == std::end(c_forms) ? nullptr : found;
 }
 
@@ -120,10 +120,13 @@ bool TakeArgument(const CommandForm& form, const std::wstring& text, Command& co
             return IsPoint(text);
         case Argument::Dimensions:
             return IsSize(text);
+        case Argument::Zoom:
+            return text == L"extents" || text == L"selection" ||
+                   (IsNumber(text) && std::wcstod(text.c_str(), nullptr) > 0);
         case Argument::Text:
             // An empty text can be typed, but names nothing.
-            return !text.empty() || command.kind == CommandKind::Type || command.kind == CommandKind::Answer ||
-                   command.kind == CommandKind::Say;
+            return !text.empty() || command.kind == CommandKind::Type ||
+                   command.kind == CommandKind::Answer || command.kind == CommandKind::Say;
         default:
             return true;
     }
@@ -131,9 +134,11 @@ bool TakeArgument(const CommandForm& form, const std::wstring& text, Command& co
 
 }  // namespace
 
-CommandParser::CommandParser(TextFileReader readFile) : m_readFile(std::move(readFile)) {}
+CommandParser::CommandParser(TextFileReader readFile) : m_readFile(std::move(readFile)) {
+}
 
-bool CommandParser::Parse(std::span<const std::wstring> arguments, CommandLine& result, std::wstring& message) {
+bool CommandParser::Parse(std::span<const std::wstring> arguments, CommandLine& result,
+                          std::wstring& message) {
     result = {};
     if (!arguments.empty() && !arguments.front().starts_with(L"-")) {
         result.drawing = arguments.front();
@@ -158,8 +163,8 @@ bool CommandParser::ParseCommands(std::span<const std::wstring> arguments, const
     return true;
 }
 
-bool CommandParser::ParseOne(std::span<const std::wstring> arguments, std::size_t& next, const std::wstring& origin,
-                             CommandLine& result) {
+bool CommandParser::ParseOne(std::span<const std::wstring> arguments, std::size_t& next,
+                             const std::wstring& origin, CommandLine& result) {
     const std::wstring& word = arguments[next++];
     const bool argumentFollows = next < arguments.size() && !IsCommandWord(arguments[next]);
     if (word == L"--help" || word == L"-h") {
@@ -172,11 +177,15 @@ bool CommandParser::ParseOne(std::span<const std::wstring> arguments, std::size_
     }
     const CommandForm* const form = FindForm(word);
     if (!form) {
-        return Refuse(origin, (word.starts_with(L"-") ? L"unknown command " : L"a command was expected, not ") + word);
+        return Refuse(
+            origin, (word.starts_with(L"-") ? L"unknown command " : L"a command was expected, not ") + word);
     }
-    Command command{.kind = form->kind, .origin = origin};
+    Command command;
+    command.kind = form->kind;
+    command.origin = origin;
     if (form->argument == Argument::Count) {
-        const bool digits = argumentFollows && arguments[next].find_first_not_of(L"0123456789") == std::wstring::npos;
+        const bool digits =
+            argumentFollows && arguments[next].find_first_not_of(L"0123456789") == std::wstring::npos;
         if (digits && !ReadCount(arguments[next++], command.count)) {
             return Refuse(origin, word + L" takes a count up to " + std::to_wstring(c_largestCount));
         }
@@ -223,6 +232,12 @@ bool CommandParser::ParseBatch(const std::wstring& path, const std::wstring& ori
 bool CommandParser::Refuse(const std::wstring& origin, const std::wstring& reason) {
     m_message = origin.empty() ? reason : origin + L": " + reason;
     return false;
+}
+
+const wchar_t* CommandName(CommandKind kind) {
+    const auto* const found = std::find_if(std::begin(c_forms), std::end(c_forms),
+                                           [&](const auto& form) { return form.kind == kind; });
+    return found == std::end(c_forms) ? L"" : found->name;
 }
 
 const wchar_t* HelpText() {

@@ -11,7 +11,8 @@ namespace kvpalette {
 /// Reads a text file; false when it cannot be read.
 using TextFileReader = std::function<bool(const std::wstring& path, std::wstring& text)>;
 
-/// Takes a command line apart. Batch files are read here, so that a mistake in one is told before anything runs.
+/// Takes a command line apart. Batch files are read here, so that a mistake in one is told before anything
+/// runs.
 class CommandParser {
 public:
     explicit CommandParser(TextFileReader readFile);
@@ -21,7 +22,8 @@ public:
                              std::wstring& message);
 
 private:
-    bool ParseCommands(std::span<const std::wstring> arguments, const std::wstring& origin, CommandLine& result);
+    bool ParseCommands(std::span<const std::wstring> arguments, const std::wstring& origin,
+                       CommandLine& result);
     bool ParseOne(std::span<const std::wstring> arguments, std::size_t& next, const std::wstring& origin,
                   CommandLine& result);
     bool ParseBatch(const std::wstring& path, const std::wstring& origin, CommandLine& result);
@@ -31,6 +33,9 @@ private:
     std::wstring m_message;
     int m_batchDepth = 0;
 };
+
+/// The word by which the command line knows a command.
+[[nodiscard]] const wchar_t* CommandName(CommandKind kind);
 
 /// The text that --help prints.
 [[nodiscard]] const wchar_t* HelpText();

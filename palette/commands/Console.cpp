@@ -22,8 +22,9 @@ void Print(DWORD stream, std::wstring_view text) {
     }
     const std::string bytes = ToUtf8(text);
     std::size_t done = 0;
-    while (done < bytes.size() && ::WriteFile(output, bytes.data() + done, static_cast<DWORD>(bytes.size() - done),
-                                              &written, nullptr) &&
+    while (done < bytes.size() &&
+           ::WriteFile(output, bytes.data() + done, static_cast<DWORD>(bytes.size() - done), &written,
+                       nullptr) &&
            written != 0) {
         done += written;
     }
@@ -63,8 +64,8 @@ void PrintError(std::wstring_view text) {
 }
 
 bool ReadTextFile(const std::wstring& path, std::wstring& text) {
-    const fw::UniqueFile file(::CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                                            FILE_ATTRIBUTE_NORMAL, nullptr));
+    const fw::UniqueFile file(::CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                            OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     LARGE_INTEGER size{};
     if (!file || !::GetFileSizeEx(file.Get(), &size) || size.QuadPart > c_largestTextFile) {
         return false;

@@ -10,7 +10,8 @@ namespace kvpalette {
 /// False when the bytes are no UTF-8.
 [[nodiscard]] bool FromUtf8(std::string_view bytes, std::wstring& text);
 
-/// Write to the standard streams: UTF-8 into files and pipes, wide text to a console. What was written is flushed.
+/// Write to the standard streams: UTF-8 into files and pipes, wide text to a console. What was written is
+/// flushed.
 void PrintText(std::wstring_view text);
 void PrintError(std::wstring_view text);
 

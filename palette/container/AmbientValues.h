@@ -18,7 +18,8 @@ struct AmbientValues {
 inline constexpr DISPID c_ambientReadOnlyBackColor = -2000;
 inline constexpr DISPID c_ambientReadOnlyForeColor = -2001;
 
-/// Answers a control's question for an ambient property; DISP_E_MEMBERNOTFOUND for one that the palette has not.
+/// Answers a control's question for an ambient property; DISP_E_MEMBERNOTFOUND for one that the palette has
+/// not.
 [[nodiscard]] HRESULT ReadAmbient(const AmbientValues& values, DISPID id, VARIANT& result);
 
 }  // namespace kvpalette

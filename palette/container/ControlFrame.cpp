@@ -2,12 +2,26 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "framework/base/Hresult.h"
+#include "framework/com/ComEnumerator.h"
 #include "palette/container/HostedControl.h"
-#include "palette/container/UnknownEnumerator.h"
 
 namespace kvpalette {
+
+namespace {
+
+struct ObjectEnumeration {
+    using Interface = IEnumUnknown;
+    using Stored = fw::ComPtr<IUnknown>;
+    using Given = IUnknown*;
+
+    static HRESULT Copy(const Stored& from, Given& to) { return from.CopyTo(&to); }
+    static void Destroy(Given& given) { given->Release(); }
+};
+
+}  // namespace
 
 std::span<const fw::InterfaceEntry> ControlFrame::Interfaces() {
     static constexpr std::array s_interfaces{
@@ -57,7 +71,7 @@ STDMETHODIMP ControlFrame::EnumObjects(DWORD flags, IEnumUnknown** result) {
                 }
             }
         }
-        return UnknownEnumerator::Make(std::move(objects), result);
+        return fw::ComEnumerator<ObjectEnumeration>::Make(nullptr, std::move(objects), nullptr, result);
     });
 }
 

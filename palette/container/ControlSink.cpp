@@ -77,8 +77,8 @@ STDMETHODIMP ControlSink::GetIDsOfNames(REFIID, LPOLESTR*, UINT count, LCID, DIS
     return DISP_E_UNKNOWNNAME;
 }
 
-STDMETHODIMP ControlSink::Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARAMS* parameters, VARIANT*,
-                                 EXCEPINFO*, UINT*) {
+STDMETHODIMP ControlSink::Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARAMS* parameters,
+                                 VARIANT*, EXCEPINFO*, UINT*) {
     RETURN_HR_IF(DISP_E_UNKNOWNINTERFACE, !::IsEqualIID(reserved, IID_NULL));
     RETURN_HR_IF(DISP_E_MEMBERNOTFOUND, !(flags & DISPATCH_METHOD));
     switch (id) {
@@ -139,7 +139,8 @@ STDMETHODIMP ControlSink::OnBeginPropertyUpdate() {
 }
 
 STDMETHODIMP ControlSink::OnEndPropertyUpdate() {
-    return Tell(L"OnEndPropertyUpdate", {}, [](auto& control, auto& events) { events.OnControlEndUpdate(control); });
+    return Tell(L"OnEndPropertyUpdate", {},
+                [](auto& control, auto& events) { events.OnControlEndUpdate(control); });
 }
 
 STDMETHODIMP ControlSink::OnBeginModal(UINT code) {

@@ -11,7 +11,9 @@ namespace kvpalette {
 class HostedControl;
 
 /// Hears what a control tells and hands it to the row. Each event goes to the journal too.
-class ControlSink : public fw::ComObjectRoot, public IKvPiPropertyEditEventsSink2, public IPropertyNotifySink {
+class ControlSink : public fw::ComObjectRoot,
+                    public IKvPiPropertyEditEventsSink2,
+                    public IPropertyNotifySink {
 public:
     static std::span<const fw::InterfaceEntry> Interfaces();
 
@@ -22,9 +24,10 @@ public:
     // IDispatch: events by number, as a control fires them that knows no sink interface
     STDMETHODIMP GetTypeInfoCount(UINT* count) override;
     STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** result) override;
-    STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override;
-    STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result,
-                        EXCEPINFO* exception, UINT* badArgument) override;
+    STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale,
+                               DISPID* ids) override;
+    STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* parameters,
+                        VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override;
 
     // IKvPiPropertyEditEventsSink
     STDMETHODIMP OnClick() override;

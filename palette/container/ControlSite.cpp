@@ -58,7 +58,9 @@ STDMETHODIMP ControlSite::GetContainer(IOleContainer** result) {
     RETURN_IF_NULL_POINTER(result);
     *result = nullptr;
     RETURN_HR_IF(E_UNEXPECTED, !m_frame);
-    return m_frame->QueryInterface(IID_IOleContainer, reinterpret_cast<void**>(result));
+    *result = m_frame;
+    (*result)->AddRef();
+    return S_OK;
 }
 
 STDMETHODIMP ControlSite::ShowObject() {
@@ -98,13 +100,14 @@ STDMETHODIMP ControlSite::OnUIActivate() {
     return S_OK;
 }
 
-STDMETHODIMP ControlSite::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document, LPRECT position,
-                                           LPRECT clip, LPOLEINPLACEFRAMEINFO info) {
+STDMETHODIMP ControlSite::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document,
+                                           LPRECT position, LPRECT clip, LPOLEINPLACEFRAMEINFO info) {
     RETURN_HR_IF(E_POINTER, !frame || !document || !position || !clip || !info);
     *frame = nullptr;
     *document = nullptr;
     RETURN_HR_IF(E_UNEXPECTED, !m_owner || !m_frame);
-    RETURN_IF_FAILED(m_frame->QueryInterface(IID_IOleInPlaceFrame, reinterpret_cast<void**>(frame)));
+    *frame = m_frame;
+    (*frame)->AddRef();
     *position = m_owner->Position();
     *clip = m_owner->Position();
     info->cb = sizeof(OLEINPLACEFRAMEINFO);
@@ -214,8 +217,8 @@ STDMETHODIMP ControlSite::GetIDsOfNames(REFIID, LPOLESTR*, UINT count, LCID, DIS
     return DISP_E_UNKNOWNNAME;
 }
 
-STDMETHODIMP ControlSite::Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
-                                 UINT*) {
+STDMETHODIMP ControlSite::Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARAMS*, VARIANT* result,
+                                 EXCEPINFO*, UINT*) {
     RETURN_HR_IF(DISP_E_UNKNOWNINTERFACE, !::IsEqualIID(reserved, IID_NULL));
     RETURN_HR_IF(DISP_E_MEMBERNOTFOUND, !(flags & DISPATCH_PROPERTYGET));
     RETURN_IF_NULL_POINTER(result);

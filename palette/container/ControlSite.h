@@ -11,8 +11,9 @@ namespace kvpalette {
 class ControlFrame;
 class HostedControl;
 
-/// The place in the palette that one control lives in: its site in all the forms that a control may ask for, and the
-/// ambient properties. It outlives the row when the control keeps a reference; Disconnect cuts it from the row.
+/// The place in the palette that one control lives in: its site in all the forms that a control may ask for,
+/// and the ambient properties. It outlives the row when the control keeps a reference; Disconnect cuts it
+/// from the row.
 class ControlSite : public fw::ComObjectRoot,
                     public IOleClientSite,
                     public IOleInPlaceSiteEx,
@@ -65,9 +66,10 @@ public:
     // IDispatch: the ambient properties
     STDMETHODIMP GetTypeInfoCount(UINT* count) override;
     STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** result) override;
-    STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override;
-    STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result,
-                        EXCEPINFO* exception, UINT* badArgument) override;
+    STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale,
+                               DISPID* ids) override;
+    STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* parameters,
+                        VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override;
 
 protected:
     ~ControlSite() = default;

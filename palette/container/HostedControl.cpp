@@ -20,7 +20,8 @@ HRESULT Make(fw::ComPtr<CComObject<Class>>& result) {
 
 }  // namespace
 
-HostedControl::HostedControl(const ControlSurroundings& surroundings) : m_surroundings(surroundings) {}
+HostedControl::HostedControl(const ControlSurroundings& surroundings) : m_surroundings(surroundings) {
+}
 
 HostedControl::~HostedControl() {
     Close();
@@ -29,8 +30,10 @@ HostedControl::~HostedControl() {
 HRESULT HostedControl::Create(const CLSID& classId, const std::wstring& rowName, RowSelection& selection) {
     Close();
     fw::ComPtr<IUnknown> unknown;
-    // A class whose control does not exist yet is answered by a result: the row then shows its value by itself.
-    RETURN_IF_FAILED_EXPECTED(::CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, unknown.PutVoid()));
+    // A class whose control does not exist yet is answered by a result: the row then shows its value by
+    // itself.
+    RETURN_IF_FAILED_EXPECTED(
+        ::CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, unknown.PutVoid()));
     m_object = unknown.As<IOleObject>();
     m_control = unknown.As<IKvPiPropertyEditControl>();
     m_inPlaceObject = unknown.As<IOleInPlaceObject>();
@@ -40,9 +43,9 @@ HRESULT HostedControl::Create(const CLSID& classId, const std::wstring& rowName,
     HRESULT result = Connect();
     if (SUCCEEDED(result)) {
         m_identifier->SetName(rowName);
-        result = m_control->InitEditControl(selection.objects.Address(), selection.dynamicProperties.Address(),
-                                            selection.dispids.Address(),
-                                            selection.readOnly ? VARIANT_TRUE : VARIANT_FALSE);
+        result = m_control->InitEditControl(
+            selection.objects.Address(), selection.dynamicProperties.Address(), selection.dispids.Address(),
+            selection.readOnly ? VARIANT_TRUE : VARIANT_FALSE);
     }
     if (FAILED(result)) {
         Close();
@@ -139,7 +142,7 @@ void HostedControl::Close() {
     m_uiActive = false;
     Unadvise(IID_IKvPiPropertyEditEventsSink2, m_eventCookie);
     Unadvise(IID_IPropertyNotifySink, m_notifyCookie);
-    fw::Ignore(m_object->Close(OLECLOSE_NOSAVE));   // nothing is stored in a control
+    fw::Ignore(m_object->Close(OLECLOSE_NOSAVE));  // nothing is stored in a control
     fw::Ignore(m_object->SetClientSite(nullptr));  // likewise
     if (m_site) {
         m_site->Disconnect();

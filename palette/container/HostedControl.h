@@ -25,7 +25,8 @@ struct ControlSurroundings {
     ControlEvents* events = nullptr;
 };
 
-/// The three parallel arrays that tell a control its objects and their property, and the row's read-only answer.
+/// The three parallel arrays that tell a control its objects and their property, and the row's read-only
+/// answer.
 struct RowSelection {
     fw::Variant objects;
     fw::Variant dynamicProperties;
@@ -33,8 +34,8 @@ struct RowSelection {
     bool readOnly = false;
 };
 
-/// One property control and the container's side of it: made by class id, placed in the palette, talked to by its
-/// published interfaces only. The row owns it.
+/// One property control and the container's side of it: made by class id, placed in the palette, talked to by
+/// its published interfaces only. The row owns it.
 class HostedControl {
 public:
     explicit HostedControl(const ControlSurroundings& surroundings);
@@ -42,8 +43,8 @@ public:
     HostedControl(const HostedControl&) = delete;
     HostedControl& operator=(const HostedControl&) = delete;
 
-    /// Makes the control, gives it its site, listens to it, and tells it its selection. What is half made when a step
-    /// fails is taken back.
+    /// Makes the control, gives it its site, listens to it, and tells it its selection. What is half made
+    /// when a step fails is taken back.
     [[nodiscard]] HRESULT Create(const CLSID& classId, const std::wstring& rowName, RowSelection& selection);
     /// Takes the control out of the palette; called by the destructor too.
     void Close();

@@ -32,8 +32,8 @@ HRESULT ReadClass(ITypeLib& library, UINT index, ControlClass& result) {
 HRESULT ControlCatalogue::Load() {
     m_classes.clear();
     fw::ComPtr<ITypeLib> library;
-    RETURN_IF_FAILED(::LoadRegTypeLib(LIBID_KVPEXCTLLib, c_libraryMajor, c_libraryMinor, LOCALE_SYSTEM_DEFAULT,
-                                      library.Put()));
+    RETURN_IF_FAILED(::LoadRegTypeLib(LIBID_KVPEXCTLLib, c_libraryMajor, c_libraryMinor,
+                                      LOCALE_SYSTEM_DEFAULT, library.Put()));
     for (UINT index = 0; index < library->GetTypeInfoCount(); ++index) {
         TYPEKIND kind{};
         ControlClass entry;
@@ -46,8 +46,8 @@ HRESULT ControlCatalogue::Load() {
 }
 
 const ControlClass* ControlCatalogue::Find(std::wstring_view name) const {
-    const auto found =
-        std::find_if(m_classes.begin(), m_classes.end(), [&](const ControlClass& entry) { return entry.name == name; });
+    const auto found = std::find_if(m_classes.begin(), m_classes.end(),
+                                    [&](const ControlClass& entry) { return entry.name == name; });
     return found == m_classes.end() ? nullptr : &*found;
 }
 

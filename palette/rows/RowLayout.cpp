@@ -8,8 +8,9 @@ void RowLayout::SetRows(const std::vector<std::wstring>& categoryOfRow) {
     m_categories.clear();
     m_categoryOfRow.clear();
     for (std::size_t row = 0; row < categoryOfRow.size(); ++row) {
-        auto found = std::find_if(m_categories.begin(), m_categories.end(),
-                                  [&](const Category& category) { return category.name == categoryOfRow[row]; });
+        auto found = std::find_if(m_categories.begin(), m_categories.end(), [&](const Category& category) {
+            return category.name == categoryOfRow[row];
+        });
         if (found == m_categories.end()) {
             m_categories.push_back({categoryOfRow[row], {}});
             found = m_categories.end() - 1;

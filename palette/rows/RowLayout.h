@@ -8,8 +8,8 @@
 
 namespace kvpalette {
 
-/// Where the lines of the palette lie: categories with their rows below them, collapsed or not, scrolled, with a
-/// splitter between names and values. Pure arithmetic in the client coordinates of the rows' window.
+/// Where the lines of the palette lie: categories with their rows below them, collapsed or not, scrolled,
+/// with a splitter between names and values. Pure arithmetic in the client coordinates of the rows' window.
 class RowLayout {
 public:
     static constexpr int c_rowHeight = 22;
@@ -34,8 +34,8 @@ public:
         std::size_t index = c_none;
     };
 
-    /// The category of each row, in row order; categories come in the order of their first row. Collapsed ones stay
-    /// collapsed by name.
+    /// The category of each row, in row order; categories come in the order of their first row. Collapsed
+    /// ones stay collapsed by name.
     void SetRows(const std::vector<std::wstring>& categoryOfRow);
     void SetSize(int width, int height);
     void SetNameWidth(int width);
@@ -63,8 +63,8 @@ public:
     void Reveal(std::size_t row);
 
     Hit HitTest(POINT point) const;
-    /// The row before or behind, in the order of the lines, collapsed ones left out; c_none at the ends. From c_none
-    /// it is the last or the first.
+    /// The row before or behind, in the order of the lines, collapsed ones left out; c_none at the ends. From
+    /// c_none it is the last or the first.
     std::size_t NextRow(std::size_t row, bool forward) const;
     std::size_t CategoryOf(std::size_t row) const { return m_categoryOfRow[row]; }
 

@@ -5,12 +5,12 @@
 #include "framework/base/Hresult.h"
 #include "framework/com/Bstr.h"
 #include "framework/com/SafeArray.h"
+#include "host_sdk/ErrorStatus.h"
 #include "host_sdk/IDatabaseObjectIdentity.h"
 #include "host_sdk/IDynamicProperty.h"
 #include "host_sdk/IDynamicPropertyByObject.h"
 #include "host_sdk/IPropertyEditability.h"
 #include "host_sdk/IPropertyUnspecifiedSupport.h"
-#include "host_sdk/ErrorStatus.h"
 
 namespace kvpalette {
 
@@ -18,11 +18,16 @@ namespace {
 
 using kvhost::PropertyRowEntry;
 
+constexpr wchar_t c_variesText[] = L"*VARIES*";
+// Its length tells nothing of the value's.
+constexpr wchar_t c_maskedText[] = L"********";
+
 bool IsDynamic(const PropertyRowEntry& entry) {
     return entry.dispid == kvhost::DispidDynamic;
 }
 
-// True, with the text, when the entry is in its unspecified state. The text tells too whether it knows that state.
+// True, with the text, when the entry is in its unspecified state. The text tells too whether it knows that
+// state.
 bool ReadUnspecified(const PropertyRowEntry& entry, std::wstring& text) {
     IUnknown* const asked = IsDynamic(entry) ? entry.dynamicProperty.Get() : entry.object.Get();
     const auto support = fw::QueryFrom<IPropertyUnspecifiedSupport>(asked);
@@ -69,8 +74,9 @@ bool IsEditable(const PropertyRowEntry& entry) {
 HRESULT ReadPlain(const PropertyRowEntry& entry, fw::Variant& value, bool& readOnly) {
     RETURN_HR_IF(E_FAIL, !entry.object);
     DISPPARAMS none{};
-    RETURN_IF_FAILED_EXPECTED(entry.object->Invoke(entry.dispid, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET,
-                                                   &none, value.Put(), nullptr, nullptr));
+    RETURN_IF_FAILED_EXPECTED(entry.object->Invoke(entry.dispid, IID_NULL, LOCALE_USER_DEFAULT,
+                                                   DISPATCH_PROPERTYGET, &none, value.Put(), nullptr,
+                                                   nullptr));
     readOnly = !IsEditable(entry);
     return S_OK;
 }
@@ -162,6 +168,29 @@ RowReading ReadRow(const kvhost::PropertyRow& row) {
     }
     shared.readOnly = shared.readOnly || (row.flags & kvhost::PropertyReadOnly) != 0;
     return shared;
+}
+
+std::wstring ReadingText(const kvhost::PropertyRow& row, const RowReading& reading) {
+    if (reading.state == RowState::Unspecified) {
+        return reading.unspecifiedText;
+    }
+    if (reading.state == RowState::Varies) {
+        return c_variesText;
+    }
+    const std::wstring text = ValueText(reading.value.Get());
+    if (row.flags & kvhost::PropertyMasked) {
+        return text.empty() ? text : c_maskedText;
+    }
+    if (reading.value.Is(VT_BSTR) || reading.value.Is(VT_R8) || row.entries.empty() ||
+        IsDynamic(row.entries.front())) {
+        return text;
+    }
+    const auto browsing = row.entries.front().object.As<IPerPropertyBrowsing>();
+    fw::Bstr name;
+    return browsing && browsing->GetDisplayString(row.entries.front().dispid, name.Put()) == S_OK &&
+                   !name.IsEmpty()
+               ? std::wstring(name.View())
+               : text;
 }
 
 const wchar_t* StateName(RowState state) {

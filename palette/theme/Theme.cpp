@@ -9,7 +9,8 @@ namespace kvpalette {
 Fonts::Fonts()
     : plain(MakeFont(theme::c_fontHeight, false)),
       bold(MakeFont(theme::c_fontHeight, true)),
-      title(MakeFont(theme::c_fontHeight + 4, true)) {}
+      title(MakeFont(theme::c_fontHeight + 4, true)) {
+}
 
 fw::UniqueFont MakeFont(int height, bool bold, int angle) {
     LOGFONTW description{};
@@ -29,7 +30,8 @@ void FillColor(HDC dc, const RECT& bounds, COLORREF color) {
     ::SetBkColor(dc, old);
 }
 
-void DrawLineOfText(HDC dc, const RECT& bounds, const wchar_t* text, HFONT font, COLORREF color, UINT format) {
+void DrawLineOfText(HDC dc, const RECT& bounds, const wchar_t* text, HFONT font, COLORREF color,
+                    UINT format) {
     const fw::ScopedSaveDc saved(dc);
     ::SelectObject(dc, font);
     ::SetTextColor(dc, color);

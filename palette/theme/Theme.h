@@ -43,7 +43,8 @@ struct Fonts {
     fw::UniqueFont title;
 };
 
-/// A font of the program's face. The height is that of the characters in pixels, the angle in tenths of a degree.
+/// A font of the program's face. The height is that of the characters in pixels, the angle in tenths of a
+/// degree.
 [[nodiscard]] fw::UniqueFont MakeFont(int height, bool bold, int angle = 0);
 
 /// Fills without leaving a trace in the context.

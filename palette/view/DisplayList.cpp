@@ -24,15 +24,16 @@ public:
         m_shape.paths.push_back({{points.begin(), points.end()}, closed});
         std::for_each(points.begin(), points.end(), [this](const auto& point) { m_shape.bounds.Add(point); });
     }
-    void Text(const kvhost::Point3& position, double height, double rotation, const std::wstring& content) override {
+    void Text(const kvhost::Point3& position, double height, double rotation,
+              const std::wstring& content) override {
         m_shape.texts.push_back({position, height, rotation, content});
         const double length = height * c_characterWidth * static_cast<double>(content.size());
         const double alongX = std::cos(rotation);
         const double alongY = std::sin(rotation);
         for (const auto& [along, up] : {std::pair{0.0, -0.25 * height}, std::pair{length, -0.25 * height},
                                         std::pair{0.0, height}, std::pair{length, height}}) {
-            m_shape.bounds.Add(
-                {position.x + along * alongX - up * alongY, position.y + along * alongY + up * alongX, position.z});
+            m_shape.bounds.Add({position.x + along * alongX - up * alongY,
+                                position.y + along * alongY + up * alongX, position.z});
         }
     }
     void Dot(const kvhost::Point3& position) override {
@@ -46,9 +47,9 @@ private:
 
 COLORREF ColorOfIndex(int index) {
     static constexpr COLORREF s_first[] = {
-        theme::c_paperText,       RGB(0xFF, 0x5C, 0x57), RGB(0xF2, 0xD9, 0x4A), RGB(0x5F, 0xD3, 0x6C),
-        RGB(0x4F, 0xD2, 0xE3),    RGB(0x5B, 0x8D, 0xFF), RGB(0xE0, 0x6B, 0xE8), theme::c_paperText,
-        RGB(0x8A, 0x94, 0xA0),    RGB(0xB9, 0xC1, 0xCA),
+        theme::c_paperText,    RGB(0xFF, 0x5C, 0x57), RGB(0xF2, 0xD9, 0x4A), RGB(0x5F, 0xD3, 0x6C),
+        RGB(0x4F, 0xD2, 0xE3), RGB(0x5B, 0x8D, 0xFF), RGB(0xE0, 0x6B, 0xE8), theme::c_paperText,
+        RGB(0x8A, 0x94, 0xA0), RGB(0xB9, 0xC1, 0xCA),
     };
     if (index < static_cast<int>(std::size(s_first))) {
         return s_first[index];

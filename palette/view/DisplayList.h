@@ -39,8 +39,8 @@ struct Shape {
     std::vector<kvhost::Point3> dots;
 };
 
-/// The shapes of what a drawing shows, kept up to date with its changes: a changed entity is shaped anew when the list
-/// is next asked, a changed layer or block makes the whole list anew.
+/// The shapes of what a drawing shows, kept up to date with its changes: a changed entity is shaped anew when
+/// the list is next asked, a changed layer or block makes the whole list anew.
 class DisplayList final : public kvhost::DatabaseReactor {
 public:
     DisplayList() = default;

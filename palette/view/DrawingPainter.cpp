@@ -82,7 +82,8 @@ void DrawingPainter::PaintShapes(const std::vector<Shape>& shapes,
 
 void DrawingPainter::PaintShape(const Shape& shape, COLORREF color, int width) {
     const double size =
-        std::max(shape.bounds.right - shape.bounds.left, shape.bounds.top - shape.bounds.bottom) * m_transform.Scale();
+        std::max(shape.bounds.right - shape.bounds.left, shape.bounds.top - shape.bounds.bottom) *
+        m_transform.Scale();
     if (size < 1 && shape.dots.empty()) {
         const POINT pixel = ToPixel({shape.bounds.left, shape.bounds.bottom, 0});
         ::SetPixelV(m_dc, pixel.x, pixel.y, color);
@@ -135,8 +136,8 @@ void DrawingPainter::PaintText(const Shape::Text& text, COLORREF color) {
     const int angle = static_cast<int>(std::lround(text.rotation * 1800 / std::numbers::pi));
     const fw::ScopedSelect font(m_dc, FontFor(fontHeight, angle));
     ::SetTextColor(m_dc, color);
-    ::ExtTextOutW(m_dc, place.x, place.y, 0, nullptr, text.content.c_str(), static_cast<UINT>(text.content.size()),
-                  nullptr);
+    ::ExtTextOutW(m_dc, place.x, place.y, 0, nullptr, text.content.c_str(),
+                  static_cast<UINT>(text.content.size()), nullptr);
 }
 
 void DrawingPainter::PaintDot(const kvhost::Point3& dot, COLORREF color, int width) {

@@ -23,7 +23,8 @@ constexpr fw::WindowClass c_viewClass{L"KvPaletteDrawingView", CS_DBLCLKS, fw::A
 }  // namespace
 
 DrawingView::DrawingView(PickHandler onPick, PointerHandler onPointer)
-    : m_onPick(std::move(onPick)), m_onPointer(std::move(onPointer)) {}
+    : m_onPick(std::move(onPick)), m_onPointer(std::move(onPointer)) {
+}
 
 DrawingView::~DrawingView() {
     DestroyWindow();
@@ -120,8 +121,8 @@ LRESULT DrawingView::OnPaint(UINT, WPARAM, LPARAM, BOOL&) {
     const fw::ScopedSelect selected(memory, bitmap.Get());
     Paint(memory);
     const RECT& dirty = target.DirtyRect();
-    ::BitBlt(target, dirty.left, dirty.top, dirty.right - dirty.left, dirty.bottom - dirty.top, memory, dirty.left,
-             dirty.top, SRCCOPY);
+    ::BitBlt(target, dirty.left, dirty.top, dirty.right - dirty.left, dirty.bottom - dirty.top, memory,
+             dirty.left, dirty.top, SRCCOPY);
     return 0;
 }
 

@@ -35,8 +35,8 @@ public:
 
     /// What a click at a point of the window picks; null ids are none. The topmost object wins.
     KvDbObjectId ObjectAt(POINT pixel);
-    /// What a box pulled from one corner to the other picks: from left to right what lies within, from right to left
-    /// also what it touches.
+    /// What a box pulled from one corner to the other picks: from left to right what lies within, from right
+    /// to left also what it touches.
     std::vector<KvDbObjectId> ObjectsInBox(POINT from, POINT to);
 
     const ViewTransform& Transform() const { return m_transform; }

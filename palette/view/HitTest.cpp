@@ -11,11 +11,13 @@ using kvhost::Bounds;
 using kvhost::Point3;
 
 bool Overlap(const Bounds& left, const Bounds& right) {
-    return left.left <= right.right && right.left <= left.right && left.bottom <= right.top && right.bottom <= left.top;
+    return left.left <= right.right && right.left <= left.right && left.bottom <= right.top &&
+           right.bottom <= left.top;
 }
 
 bool Contains(const Bounds& box, const Bounds& inner) {
-    return inner.left >= box.left && inner.right <= box.right && inner.bottom >= box.bottom && inner.top <= box.top;
+    return inner.left >= box.left && inner.right <= box.right && inner.bottom >= box.bottom &&
+           inner.top <= box.top;
 }
 
 bool Contains(const Bounds& box, const Point3& point) {
@@ -27,7 +29,9 @@ double DistanceToSegment(const Point3& point, const Point3& from, const Point3& 
     const double alongY = to.y - from.y;
     const double length = alongX * alongX + alongY * alongY;
     const double at =
-        length > 0 ? std::clamp(((point.x - from.x) * alongX + (point.y - from.y) * alongY) / length, 0.0, 1.0) : 0.0;
+        length > 0
+            ? std::clamp(((point.x - from.x) * alongX + (point.y - from.y) * alongY) / length, 0.0, 1.0)
+            : 0.0;
     return std::hypot(point.x - from.x - at * alongX, point.y - from.y - at * alongY);
 }
 
@@ -71,7 +75,8 @@ bool TextContains(const Shape::Text& text, const Point3& point, double reach) {
     const double along = dx * std::cos(text.rotation) + dy * std::sin(text.rotation);
     const double up = dy * std::cos(text.rotation) - dx * std::sin(text.rotation);
     const double length = text.height * 0.6 * static_cast<double>(text.content.size());
-    return along >= -reach && along <= length + reach && up >= -0.25 * text.height - reach && up <= text.height + reach;
+    return along >= -reach && along <= length + reach && up >= -0.25 * text.height - reach &&
+           up <= text.height + reach;
 }
 
 }  // namespace
@@ -90,8 +95,9 @@ bool IsNear(const Shape& shape, const Point3& point, double reach) {
                        [&](const Shape::Path& path) { return AnySegment(path, nearSegment); }) ||
            std::any_of(shape.texts.begin(), shape.texts.end(),
                        [&](const Shape::Text& text) { return TextContains(text, point, reach); }) ||
-           std::any_of(shape.dots.begin(), shape.dots.end(),
-                       [&](const Point3& dot) { return std::hypot(dot.x - point.x, dot.y - point.y) <= reach; });
+           std::any_of(shape.dots.begin(), shape.dots.end(), [&](const Point3& dot) {
+               return std::hypot(dot.x - point.x, dot.y - point.y) <= reach;
+           });
 }
 
 bool IsInBox(const Shape& shape, const Bounds& box, bool touching) {
@@ -108,7 +114,8 @@ bool IsInBox(const Shape& shape, const Bounds& box, bool touching) {
     return !shape.texts.empty() ||
            std::any_of(shape.paths.begin(), shape.paths.end(),
                        [&](const Shape::Path& path) { return AnySegment(path, touches); }) ||
-           std::any_of(shape.dots.begin(), shape.dots.end(), [&](const Point3& dot) { return Contains(box, dot); });
+           std::any_of(shape.dots.begin(), shape.dots.end(),
+                       [&](const Point3& dot) { return Contains(box, dot); });
 }
 
 }  // namespace kvpalette

@@ -37,7 +37,8 @@ constexpr MenuItem c_viewItems[] = {
 HMENU MakePopup(std::span<const MenuItem> items) {
     const HMENU popup = ::CreatePopupMenu();
     for (const MenuItem& item : items) {
-        ::AppendMenuW(popup, item.command ? MF_STRING : MF_SEPARATOR, static_cast<UINT_PTR>(item.command), item.text);
+        ::AppendMenuW(popup, item.command ? MF_STRING : MF_SEPARATOR, static_cast<UINT_PTR>(item.command),
+                      item.text);
     }
     return popup;
 }

@@ -48,7 +48,8 @@ MainWindow::MainWindow(kvhost::Host& host, const ControlCatalogue& catalogue)
       m_status(m_fonts),
       m_view([this](const auto& ids, auto mode) { Pick(ids, mode); },
              [this](double x, double y) { m_status.SetPlace(PlaceText(x, y)); }),
-      m_palette(m_fonts, catalogue, [this] { ObjectsHaveChanged(); }) {}
+      m_palette(m_fonts, catalogue, [this] { ObjectsHaveChanged(); }) {
+}
 
 MainWindow::~MainWindow() {
     LeaveDocument();
@@ -146,7 +147,8 @@ void MainWindow::UpdateState() {
     const kvhost::UndoController& undo = m_document->GetDatabase().Undo();
     m_tools.EnableButton(CommandUndo, undo.UndoCount() > 0);
     m_tools.EnableButton(CommandRedo, undo.RedoCount() > 0);
-    SetWindowText((m_document->Title() + (m_document->IsDirty() ? L" * - kvpalette" : L" - kvpalette")).c_str());
+    SetWindowText(
+        (m_document->Title() + (m_document->IsDirty() ? L" * - kvpalette" : L" - kvpalette")).c_str());
     const std::size_t total = m_document->GetDatabase().ModelSpaceEntities().size();
     const std::size_t selected = m_document->GetSelection().PickFirst().size();
     m_status.SetMessage(std::to_wstring(total) + L" objects, " + std::to_wstring(selected) + L" selected");
@@ -199,8 +201,8 @@ LRESULT MainWindow::OnEraseBackground(UINT, WPARAM, LPARAM, BOOL&) {
     return 1;
 }
 
-// Controls send this message after a write, to give the application its activation back: the focus stays where it is
-// within the window then, and comes back to where it was when the window was left.
+// Controls send this message after a write, to give the application its activation back: the focus stays
+// where it is within the window then, and comes back to where it was when the window was left.
 LRESULT MainWindow::OnActivate(UINT, WPARAM wParam, LPARAM, BOOL&) {
     const HWND focus = ::GetFocus();
     if (LOWORD(wParam) == WA_INACTIVE) {

@@ -27,8 +27,8 @@ public:
 
     /// Creates the window with an empty drawing in it.
     [[nodiscard]] bool Create();
-    /// Puts the drawing of a file in the place of the one shown; an empty path gives an empty drawing. False, with the
-    /// reason, when it cannot be read; the one shown stays then.
+    /// Puts the drawing of a file in the place of the one shown; an empty path gives an empty drawing. False,
+    /// with the reason, when it cannot be read; the one shown stays then.
     [[nodiscard]] bool OpenDrawing(const std::wstring& path, std::wstring& error);
     /// False, with the reason, when the drawing cannot be written.
     [[nodiscard]] bool SaveDrawing(const std::wstring& path, std::wstring& error);

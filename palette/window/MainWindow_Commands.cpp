@@ -1,3 +1,5 @@
+#include "palette/window/MainWindow.h"
+
 #include <commdlg.h>
 
 #include <algorithm>
@@ -6,13 +8,13 @@
 #include "framework/base/MessageBox.h"
 #include "palette/window/CommandIds.h"
 #include "palette/window/MainMenu.h"
-#include "palette/window/MainWindow.h"
 
 namespace kvpalette {
 
 namespace {
 
-constexpr wchar_t c_openFilter[] = L"Drawings (*.qxf, *.qdf, *.geojson)\0*.qxf;*.qdf;*.geojson;*.json\0All files\0*.*\0";
+constexpr wchar_t c_openFilter[] =
+    L"Drawings (*.qxf, *.qdf, *.geojson)\0*.qxf;*.qdf;*.geojson;*.json\0All files\0*.*\0";
 constexpr wchar_t c_saveFilter[] = L"Exchange format (*.qxf)\0*.qxf\0Binary format (*.qdf)\0*.qdf\0";
 constexpr wchar_t c_caption[] = L"kvpalette";
 constexpr double c_zoomStep = 1.5;
@@ -142,8 +144,8 @@ void MainWindow::SaveOrAsk() {
 
 bool MainWindow::MayLoseDrawing() {
     return !m_document || !m_document->IsDirty() ||
-           fw::ShowMessageBox(m_hWnd, L"The drawing has changes that are not saved. Leave it all the same?", c_caption,
-                              MB_YESNO | MB_ICONQUESTION) == IDYES;
+           fw::ShowMessageBox(m_hWnd, L"The drawing has changes that are not saved. Leave it all the same?",
+                              c_caption, MB_YESNO | MB_ICONQUESTION) == IDYES;
 }
 
 void MainWindow::Complain(const std::wstring& reason) {

@@ -29,11 +29,13 @@ std::wstring CountText(std::size_t count) {
 
 }  // namespace
 
-PaletteWindow::PaletteWindow(const Fonts& fonts, const ControlCatalogue& catalogue, std::function<void()> edited)
+PaletteWindow::PaletteWindow(const Fonts& fonts, const ControlCatalogue& catalogue,
+                             std::function<void()> edited)
     : m_fonts(fonts),
       m_rowSet(catalogue),
-      m_pane(std::make_unique<RowsPane>(
-          fonts, RowsPane::Handlers{std::move(edited), [this] { ShowCurrent(); }})) {}
+      m_pane(std::make_unique<RowsPane>(fonts,
+                                        RowsPane::Handlers{std::move(edited), [this] { ShowCurrent(); }})) {
+}
 
 PaletteWindow::~PaletteWindow() {
     m_pane.reset();
@@ -41,8 +43,8 @@ PaletteWindow::~PaletteWindow() {
 }
 
 bool PaletteWindow::Create(HWND parent, HWND frameWindow) {
-    if (!CWnd::Create(c_paletteClass, L"Properties", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, {},
-                      parent) ||
+    if (!CWnd::Create(c_paletteClass, L"Properties",
+                      WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, {}, parent) ||
         !m_pane->Create(m_hWnd, frameWindow)) {
         return false;
     }
@@ -105,7 +107,8 @@ void PaletteWindow::ShowCurrent() {
         const PaletteRow& row = m_pane->Rows()[m_pane->Current()];
         m_footTitle = row.property.name;
         const bool readOnly = (row.property.flags & kvhost::PropertyReadOnly) != 0;
-        m_footText = row.kind == RowKind::Painted || readOnly ? L"Read-only" : L"Enter a value; Return applies it";
+        m_footText =
+            row.kind == RowKind::Painted || readOnly ? L"Read-only" : L"Enter a value; Return applies it";
         if (row.property.flags & kvhost::PropertyUnspecified && !readOnly) {
             m_footText += L", or leave it unspecified";
         }
@@ -166,7 +169,8 @@ LRESULT PaletteWindow::OnEraseBackground(UINT, WPARAM, LPARAM, BOOL&) {
 
 LRESULT PaletteWindow::OnSize(UINT, WPARAM, LPARAM, BOOL&) {
     const CRect client = GetClientRect();
-    m_pane->MoveWindow({0, c_headHeight, client.right, std::max<LONG>(c_headHeight, client.bottom - c_footHeight)});
+    m_pane->MoveWindow(
+        {0, c_headHeight, client.right, std::max<LONG>(c_headHeight, client.bottom - c_footHeight)});
     Invalidate(FALSE);
     return 0;
 }

@@ -23,7 +23,8 @@ fw::ComPtr<IFont> RowFont() {
     description.sWeight = FW_NORMAL;
     description.sCharset = DEFAULT_CHARSET;
     fw::ComPtr<IFont> font;
-    fw::Ignore(::OleCreateFontIndirect(&description, IID_IFont, font.PutVoid()));  // controls have a font of their own
+    fw::Ignore(::OleCreateFontIndirect(&description, IID_IFont,
+                                       font.PutVoid()));  // controls have a font of their own
     return font;
 }
 
@@ -65,7 +66,8 @@ bool RowsPane::Create(HWND parent, HWND frameWindow) {
     }
     m_frame.Attach(frame);
     m_frame->Connect(frameWindow);
-    return CWnd::Create(c_paneClass, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_VSCROLL, {},
+    return CWnd::Create(c_paneClass, L"",
+                        WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_VSCROLL, {},
                         parent) != FALSE;
 }
 
@@ -81,7 +83,8 @@ void RowsPane::SetRows(std::vector<PaletteRow> rows) {
     m_current = RowLayout::c_none;
     for (std::size_t i = 0; i < m_rows.size(); ++i) {
         categories.push_back(m_rows[i].property.category);
-        if (!currentName.empty() && m_rows[i].property.name == currentName && m_current == RowLayout::c_none) {
+        if (!currentName.empty() && m_rows[i].property.name == currentName &&
+            m_current == RowLayout::c_none) {
             m_current = i;
         }
     }
@@ -193,7 +196,7 @@ void RowsPane::UpdateControls() {
 }
 
 bool RowsPane::CreateControl(PaletteRow& row) {
-    auto control = std::make_unique<HostedControl>(ControlSurroundings{m_hWnd, m_frame.Get(), &m_ambient, this});
+    auto control = std::make_unique<HostedControl>(Surroundings());
     RowSelection selection;
     if (FAILED(RowSet::SelectionOf(row.property, selection)) ||
         FAILED(control->Create(row.classId, row.property.name, selection))) {

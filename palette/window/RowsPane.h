@@ -17,8 +17,8 @@
 
 namespace kvpalette {
 
-/// The rows of the palette: names and values under categories, each value shown by its control. Rows in sight hold
-/// controls, the others don't. It owns rows and controls.
+/// The rows of the palette: names and values under categories, each value shown by its control. Rows in sight
+/// hold controls, the others don't. It owns rows and controls.
 class RowsPane final : public CWnd, public ControlEvents {
 public:
     struct Handlers {
@@ -38,12 +38,15 @@ public:
     void SetRows(std::vector<PaletteRow> rows);
     std::vector<PaletteRow>& Rows() { return m_rows; }
     const RowLayout& Layout() const { return m_layout; }
+    /// The surroundings of controls that are made outside of the rows in sight.
+    ControlSurroundings Surroundings() { return {m_hWnd, m_frame.Get(), &m_ambient, this}; }
 
     /// Lets every control read its value anew.
     void RefreshRows();
     void MakeCurrent(std::size_t row);
     std::size_t Current() const { return m_current; }
-    /// Brings the row into sight and lets the user work in it. S_FALSE for a row that the palette paints itself.
+    /// Brings the row into sight and lets the user work in it. S_FALSE for a row that the palette paints
+    /// itself.
     HRESULT ActivateRow(std::size_t row);
     /// Ends the edit of the current row and takes the focus.
     void LeaveRow();

@@ -10,12 +10,11 @@ constexpr int c_textMargin = 8;
 constexpr int c_indent = 20;
 constexpr int c_chevronSize = 4;
 constexpr int c_accentWidth = 3;
-constexpr wchar_t c_maskedText[] = L"********";
-constexpr wchar_t c_variesText[] = L"*VARIES*";
 
 // A small triangle: to the right for a collapsed category, down for an open one.
 void PaintChevron(HDC dc, int x, int middle, bool collapsed) {
-    const POINT closed[] = {{x, middle - c_chevronSize}, {x, middle + c_chevronSize}, {x + c_chevronSize, middle}};
+    const POINT closed[] = {
+        {x, middle - c_chevronSize}, {x, middle + c_chevronSize}, {x + c_chevronSize, middle}};
     const POINT open[] = {{x - 2, middle - 2}, {x + 6, middle - 2}, {x + 2, middle + 2}};
     const fw::UniqueBrush brush(::CreateSolidBrush(theme::c_softText));
     const fw::ScopedSelect selectedBrush(dc, brush.Get());
@@ -34,8 +33,8 @@ LRESULT RowsPane::OnPaint(UINT, WPARAM, LPARAM, BOOL&) {
     if (bitmap) {
         const fw::ScopedSelect selected(memory, bitmap.Get());
         Paint(memory);
-        ::BitBlt(target, 0, 0, static_cast<int>(client.Width()), static_cast<int>(client.Height()), memory, 0, 0,
-                 SRCCOPY);
+        ::BitBlt(target, 0, 0, static_cast<int>(client.Width()), static_cast<int>(client.Height()), memory, 0,
+                 0, SRCCOPY);
     }
     return 0;
 }
@@ -63,7 +62,8 @@ void RowsPane::PaintCategory(HDC dc, std::size_t category) {
     RECT bounds = m_layout.CategoryBounds(category);
     FillColor(dc, bounds, theme::c_heading);
     FillColor(dc, {bounds.left, bounds.bottom - 1, bounds.right, bounds.bottom}, theme::c_line);
-    PaintChevron(dc, c_textMargin, static_cast<int>(bounds.top + bounds.bottom) / 2, m_layout.IsCollapsed(category));
+    PaintChevron(dc, c_textMargin, static_cast<int>(bounds.top + bounds.bottom) / 2,
+                 m_layout.IsCollapsed(category));
     bounds.left += c_indent;
     DrawLineOfText(dc, bounds, m_layout.CategoryName(category).c_str(), m_fonts.bold.Get(), theme::c_text);
 }
@@ -97,14 +97,7 @@ void RowsPane::PaintValue(HDC dc, std::size_t row) {
     RECT bounds = m_layout.ValueBounds(row);
     FillColor(dc, bounds, theme::c_readOnlyRow);
     bounds.left += 2;
-    std::wstring text = ValueText(shown.reading.value.Get());
-    if (shown.reading.state == RowState::Varies) {
-        text = c_variesText;
-    } else if (shown.reading.state == RowState::Unspecified) {
-        text = shown.reading.unspecifiedText;
-    } else if ((shown.property.flags & kvhost::PropertyMasked) && !text.empty()) {
-        text = c_maskedText;
-    }
+    const std::wstring text = ReadingText(shown.property, shown.reading);
     DrawLineOfText(dc, bounds, text.c_str(), m_fonts.plain.Get(), theme::c_readOnlyText);
 }
 

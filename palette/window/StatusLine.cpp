@@ -40,8 +40,8 @@ LRESULT StatusLine::OnPaint(UINT, WPARAM, LPARAM, BOOL&) {
     FillColor(dc, {0, 0, client.right, 1}, theme::c_line);
     DrawLineOfText(dc, {c_margin, 1, client.right - c_placeWidth, client.bottom}, m_message.c_str(),
                    m_fonts.plain.Get(), theme::c_softText);
-    DrawLineOfText(dc, {client.right - c_placeWidth, 1, client.right - c_margin, client.bottom}, m_place.c_str(),
-                   m_fonts.plain.Get(), theme::c_softText, DT_RIGHT | DT_VCENTER);
+    DrawLineOfText(dc, {client.right - c_placeWidth, 1, client.right - c_margin, client.bottom},
+                   m_place.c_str(), m_fonts.plain.Get(), theme::c_softText, DT_RIGHT | DT_VCENTER);
     return 0;
 }
 

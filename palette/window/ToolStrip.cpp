@@ -27,7 +27,8 @@ int TextWidth(HFONT font, const wchar_t* text) {
 }  // namespace
 
 ToolStrip::ToolStrip(const Fonts& fonts, std::vector<Button> buttons)
-    : m_fonts(fonts), m_buttons(std::move(buttons)) {}
+    : m_fonts(fonts), m_buttons(std::move(buttons)) {
+}
 
 ToolStrip::~ToolStrip() {
     DestroyWindow();
@@ -105,8 +106,9 @@ void ToolStrip::PaintButton(HDC dc, std::size_t index) const {
     const int top = static_cast<int>(bounds.top + bounds.bottom - c_pictureSize) / 2;
     PaintToolPicture(dc, {bounds.left + c_padding, top}, button.picture, color,
                      button.enabled ? theme::c_accent : color);
-    DrawLineOfText(dc, {bounds.left + c_padding + c_pictureSize + c_textGap, bounds.top, bounds.right, bounds.bottom},
-                   button.text, m_fonts.plain.Get(), color);
+    DrawLineOfText(
+        dc, {bounds.left + c_padding + c_pictureSize + c_textGap, bounds.top, bounds.right, bounds.bottom},
+        button.text, m_fonts.plain.Get(), color);
 }
 
 LRESULT ToolStrip::OnEraseBackground(UINT, WPARAM, LPARAM, BOOL&) {

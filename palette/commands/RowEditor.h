@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+
+#include "palette/commands/CommandResult.h"
+#include "palette/window/MainWindow.h"
+
+namespace kvpalette {
+
+/// Works in the palette's rows as a user does: by activating rows, typing and clicking.
+class RowEditor {
+public:
+    explicit RowEditor(MainWindow& window) : m_window(window) {}
+
+    /// Types the text into the row and commits it. Refused, with the reason, when an object did not take it.
+    [[nodiscard]] CommandResult Set(const std::wstring& row, const std::wstring& text);
+    /// Picks the unspecified value that the row in edit offers.
+    [[nodiscard]] CommandResult Unspecify(const std::wstring& row);
+    /// Puts the row in edit.
+    [[nodiscard]] CommandResult Edit(const std::wstring& row);
+    /// Types into the row in edit.
+    [[nodiscard]] CommandResult Type(const std::wstring& text);
+    /// Takes back what was typed and leaves the row.
+    [[nodiscard]] CommandResult Escape();
+    /// Rests the pointer over the row until its tip shows.
+    [[nodiscard]] CommandResult ShowTip(const std::wstring& row);
+    /// The answer for commands on lists, buttons and point input: which rows there are tells what can be
+    /// done.
+    [[nodiscard]] CommandResult RefuseByKind(const std::wstring& row, const wchar_t* wanted);
+
+private:
+    CommandResult Find(const std::wstring& name, std::size_t& row);
+    CommandResult Begin(const std::wstring& name, std::size_t& row, HWND& edit);
+    CommandResult JudgeEdit(std::size_t row, const RowReading& before, const std::wstring& typed);
+    std::wstring LockedReason(std::size_t row);
+    HWND EditInFocus() const;
+    PaletteRow& Row(std::size_t row) { return m_window.Palette().Pane().Rows()[row]; }
+
+    MainWindow& m_window;
+};
+
+}  // namespace kvpalette

@@ -1,0 +1,309 @@
+#!/usr/bin/env python3
+"""Drives kvpalette from outside, by its command line: palette_commands.py LAUNCHER PROGRAM SOURCE_DIR.
+
+Starting the program costs more than most of what it does, so that each test does as much as belongs together in one
+run. Work happens in a new folder, on copies.
+"""
+
+import json
+import os
+import re
+import shutil
+import struct
+import subprocess
+import sys
+import tempfile
+import unittest
+
+LAUNCHER, PROGRAM, SOURCE = (os.path.abspath(argument) for argument in sys.argv[1:4])
+SITE = os.path.join(SOURCE, "samples", "site.qxf")
+MAPS = os.path.normpath(os.path.join(SOURCE, "..", "shared", "data"))
+MARK = "-----"
+
+
+class Run:
+    """One run of the program. Parts are what it printed between --say marks."""
+
+    def __init__(self, folder, *arguments):
+        done = subprocess.run(["sh", LAUNCHER, PROGRAM, *arguments], cwd=folder, capture_output=True)
+        self.status = done.returncode
+        self.output = done.stdout.decode("utf-8")
+        self.errors = done.stderr.decode("utf-8")
+        self.parts = self.output.split(MARK + "\n")
+
+    def json(self, part=0):
+        return json.loads(self.parts[part])
+
+
+def rows_by_name(report):
+    return {row["name"]: row for row in report["rows"]}
+
+
+class PaletteTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = tempfile.mkdtemp(prefix="kvpalette-")
+        self.addCleanup(shutil.rmtree, self.folder)
+
+    def path(self, name):
+        return os.path.join(self.folder, name)
+
+    def run_palette(self, *arguments):
+        return Run(self.folder, *arguments)
+
+    def run_batch(self, drawing, *lines):
+        with open(self.path("commands.txt"), "w", encoding="utf-8") as file:
+            file.write("\n".join(lines) + "\n")
+        return self.run_palette(drawing, "--batch", "commands.txt")
+
+    def succeed(self, run):
+        self.assertEqual(run.status, 0, run.errors + run.output)
+        return run
+
+    def entities(self, name):
+        with open(self.path(name), encoding="utf-8") as file:
+            return {entity["handle"]: entity for entity in json.load(file)["entities"]}
+
+
+def handles(cls, content=None):
+    """Handles of the sample's entities of a class, with a content when one is given."""
+    with open(SITE, encoding="utf-8") as file:
+        entities = json.load(file)["entities"]
+    return [e["handle"] for e in entities if e["type"] == cls and content in (None, e.get("content"))]
+
+
+class Usage(PaletteTest):
+    def test_help_is_printed_without_a_drawing(self):
+        run = self.succeed(self.run_palette("--help"))
+        self.assertIn("--select WHAT", run.output)
+        self.assertEqual(run.errors, "")
+
+    def test_bad_usage_is_told_before_anything_runs(self):
+        for arguments in (["--frobnicate"], [SITE, "--rows", "--set", "Contents"], [SITE, "--batch", "absent.txt"]):
+            run = self.run_palette(*arguments)
+            self.assertEqual(run.status, 2, arguments)
+            self.assertEqual(run.output, "", arguments)
+            self.assertTrue(run.errors.startswith("kvpalette: "), run.errors)
+
+    def test_unreadable_drawings_are_told_by_their_status(self):
+        with open(SITE, "rb") as file:
+            whole = file.read()
+        with open(self.path("damaged.qxf"), "wb") as file:
+            file.write(whole[: len(whole) // 2])
+        for drawing in ("absent.qxf", "damaged.qxf"):
+            run = self.run_palette(drawing, "--rows")
+            self.assertEqual(run.status, 3, drawing + run.errors)
+            self.assertEqual(run.output, "")
+            self.assertIn(drawing, run.errors)
+
+    def test_drawing_that_cannot_be_written_is_told_by_its_status(self):
+        run = self.run_palette(SITE, "--save", "no/such/folder/a.qxf")
+        self.assertEqual(run.status, 3, run.errors)
+        self.assertIn("--save", run.errors)
+
+    def test_other_failures_have_a_status_of_their_own(self):
+        for command in (["--select", "layer=Nowhere"], ["--undo"], ["--setvar", "NOSUCHVAR=1"]):
+            run = self.run_palette(SITE, *command)
+            self.assertEqual(run.status, 5, command)
+            self.assertIn(command[0], run.errors)
+
+
+class Rows(PaletteTest):
+    def test_states_of_one_object_and_of_several(self):
+        hall = handles("Text", "Village hall")[0]
+        unspecified = handles("Text", "House 3")[0]
+        run = self.succeed(self.run_batch(
+            SITE, "--rows --json", f"--say {MARK}",
+            f"--select {hall}", "--rows --json", "--rows", f"--say {MARK}",
+            "--select none", f"--select {unspecified}", "--rows --json", f"--say {MARK}",
+            "--select none", "--select class=Text", "--rows --json"))
+        empty = json.loads(run.parts[0])
+        self.assertEqual((empty["class"], empty["count"], empty["rows"]), ("No selection", 0, []))
+
+        one, _ = json.JSONDecoder().raw_decode(run.parts[1])
+        self.assertEqual((one["class"], one["count"]), ("Text", 1))
+        rows = rows_by_name(one)
+        self.assertEqual(rows["Contents"], {
+            "name": "Contents", "category": "Text", "control": "KvPePropertyEditorText", "text": "Village hall",
+            "state": "specific", "readOnly": False, "shownBy": "control"})
+        self.assertTrue(rows["Handle"]["readOnly"])
+        self.assertEqual(rows["Handle"]["text"], hall)
+        self.assertEqual(rows["Layer"]["shownBy"], "text")
+        self.assertEqual(rows["Height"]["shownBy"], "palette")
+        self.assertEqual(rows["Remarks"]["text"], "Keys at house 6")
+        self.assertNotIn("4711", run.output)
+        self.assertRegex(run.parts[1], r"(?m)^Contents +Text +KvPePropertyEditorText +Village hall +specific +no$")
+
+        rows = rows_by_name(json.loads(run.parts[2]))
+        self.assertEqual((rows["Description"]["state"], rows["Description"]["text"]), ("unspecified", "none"))
+
+        many = json.loads(run.parts[3])
+        self.assertEqual(many["count"], len(handles("Text")))
+        rows = rows_by_name(many)
+        self.assertEqual(rows["Contents"]["state"], "varies")
+        self.assertEqual(rows["Style"]["state"], "specific")
+        self.assertEqual(rows["Style"]["text"], "Standard")
+        self.assertNotEqual(rows["Contents"]["text"], "Village hall")
+
+    def test_different_classes_share_their_common_rows(self):
+        run = self.succeed(self.run_palette(
+            SITE, "--select", "class=Text", "--select", "class=Polyline", "--rows", "--json"))
+        names = rows_by_name(run.json()).keys()
+        self.assertIn("Layer", names)
+        self.assertNotIn("Contents", names)
+
+    def test_catalogue_lists_every_class(self):
+        run = self.succeed(self.run_palette(SITE, "--catalogue", "--json"))
+        classes = {entry["name"]: entry for entry in run.json()["classes"]}
+        self.assertEqual(len(classes), 49)
+        text = classes["KvPePropertyEditorText"]
+        self.assertEqual(text["classId"], "{E631D337-7F88-44C8-B63F-C9031292FB4E}")
+        self.assertTrue(text["creatable"])
+        self.assertIn("Text/Contents", text["rows"])
+        self.assertTrue(classes["KvPePropertyEditorPwdText"]["creatable"])
+
+
+class Edits(PaletteTest):
+    def test_edit_undo_redo_save_reopen(self):
+        texts = handles("Text")[:3]
+        chosen = ",".join(texts)
+        run = self.succeed(self.run_batch(
+            SITE, f"--select {chosen}", '--set "Contents=Ostflügel \\"A\\""', "--objects --json", f"--say {MARK}",
+            "--undo", "--objects --json", f"--say {MARK}",
+            "--redo", "--rows --json", f"--say {MARK}",
+            "--save changed.qxf", "--open changed.qxf", f"--select {chosen}", "--objects --json"))
+        changed = 'Ostflügel "A"'
+        contents = [[o["properties"]["Contents"] for o in run.json(part)["objects"]] for part in (0, 1, 3)]
+        with open(SITE, encoding="utf-8") as file:
+            before = {e["handle"]: e for e in json.load(file)["entities"]}
+        self.assertEqual(contents[0], [changed] * 3)
+        self.assertEqual(contents[1], [before[handle]["content"] for handle in texts])
+        self.assertEqual(contents[2], [changed] * 3)
+        row = rows_by_name(run.json(2))["Contents"]
+        self.assertEqual((row["text"], row["state"]), (changed, "specific"))
+        after = self.entities("changed.qxf")
+        for handle, entity in before.items():
+            expected = dict(entity, content=changed) if handle in texts else entity
+            self.assertEqual(after[handle].get("content"), expected.get("content"), handle)
+            self.assertEqual(after[handle].get("layer", "0"), expected.get("layer", "0"), handle)
+
+    def test_undo_restores_the_file_to_the_byte(self):
+        self.succeed(self.run_batch(
+            SITE, "--save before.qxf", "--select class=Text", '--set "Style=Bold"', '--set "Access code=12 34"',
+            '--set "Description=all"', "--unspecify Description", "--save changed.qxf", "--undo 4",
+            "--save after.qxf"))
+        with open(self.path("before.qxf"), "rb") as first, open(self.path("after.qxf"), "rb") as second:
+            self.assertEqual(first.read(), second.read())
+        with open(self.path("changed.qxf"), encoding="utf-8") as file:
+            changed = json.load(file)
+        locked = {layer["name"] for layer in changed["layers"] if layer.get("locked")}
+        texts = [e for e in changed["entities"] if e["type"] == "Text" and e.get("layer") not in locked]
+        self.assertTrue(all(e["style"] == "Bold" and e["passcode"] == "12 34" for e in texts))
+        self.assertTrue(all("Description" in e["unspecified"] for e in texts))
+
+    def test_refused_edits_name_row_and_reason(self):
+        locked = handles("Text", "Site boundary")[0]
+        hall = handles("Text", "Village hall")[0]
+        for command, reason in (
+            ("Handle=1", "read-only"),
+            ("Height=3", "not available"),
+            ("Nothing=1", "no such row"),
+            ("Layer=No such layer", ""),
+        ):
+            run = self.run_palette(SITE, "--select", hall, "--set", command)
+            self.assertEqual(run.status, 4, command + run.errors)
+            self.assertIn("--set " + command.split("=")[0] + ": ", run.errors)
+            self.assertIn(reason, run.errors)
+            self.assertRegex(run.errors, r": \S+.*\n$")
+        run = self.run_palette(SITE, "--select", locked, "--set", "Contents=moved")
+        self.assertEqual(run.status, 4, run.errors)
+        self.assertIn("1 of 1 objects lie on a locked layer", run.errors)
+
+    def test_locked_objects_keep_their_value_among_others(self):
+        run = self.run_batch(SITE, "--select class=Text", '--set "Contents=same"')
+        self.assertEqual(run.status, 4, run.errors)
+        self.assertIn("locked layer", run.errors)
+
+    def test_rows_without_lists_buttons_and_points_say_so(self):
+        hall = handles("Text", "Village hall")[0]
+        for command in (["--list", "Layer"], ["--hover", "Layer=Plots"], ["--click", "Layer:0"], ["--pick", "1,2"],
+                        ["--unspecify", "Contents"]):
+            run = self.run_palette(SITE, "--select", hall, *command)
+            self.assertEqual(run.status, 4, run.errors)
+
+    def test_escape_takes_back_what_was_typed(self):
+        hall = handles("Text", "Village hall")[0]
+        run = self.succeed(self.run_batch(
+            SITE, f"--select {hall}", "--edit Contents", '--type "half a word"', "--escape", "--objects --json"))
+        self.assertEqual(run.json()["objects"][0]["properties"]["Contents"], "Village hall")
+
+    def test_trace_holds_calls_and_events_in_order(self):
+        hall = handles("Text", "Village hall")[0]
+        self.succeed(self.run_palette(
+            SITE, "--select", hall, "--trace", "trace.jsonl", "--set", "Contents=Hall"))
+        with open(self.path("trace.jsonl"), encoding="utf-8") as file:
+            lines = [json.loads(line) for line in file]
+        self.assertTrue(all(set(line) == {"name", "arguments", "result"} for line in lines))
+        names = [line["name"] for line in lines]
+        order = [names.index(name) for name in (
+            "kvedSendModelessOperationStart", "OnBeginPropertyUpdate", "kvedSendModelessOperationEnded",
+            "OnEndPropertyUpdate", "OnKeyDown")]
+        self.assertEqual(order, sorted(order))
+        start = lines[names.index("kvedSendModelessOperationStart")]
+        self.assertIn("ZRB_CHGPROP", start["arguments"])
+
+
+class Pictures(PaletteTest):
+    def size_of(self, name):
+        with open(self.path(name), "rb") as file:
+            head = file.read(24)
+        self.assertEqual(head[:8], b"\x89PNG\r\n\x1a\n")
+        return struct.unpack(">II", head[16:24])
+
+    def test_screenshots_show_the_whole_window(self):
+        hall = handles("Text", "Village hall")[0]
+        self.succeed(self.run_batch(
+            SITE, "--size 900x600", "--screenshot plain.png", f"--select {hall}", "--screenshot selected.png",
+            "--edit Contents", "--screenshot edit.png"))
+        self.assertEqual(self.size_of("plain.png"), (900, 600))
+        pictures = []
+        for name in ("plain.png", "selected.png", "edit.png"):
+            with open(self.path(name), "rb") as file:
+                pictures.append(file.read())
+        self.assertEqual(len(set(pictures)), 3)
+
+
+@unittest.skipUnless(os.path.isdir(MAPS), "real maps lie beside the sources of the project only")
+class Maps(PaletteTest):
+    def test_real_maps_are_edited_saved_and_reopened(self):
+        for name in sorted(os.listdir(MAPS)):
+            if name.endswith(".geojson"):
+                with self.subTest(name):
+                    self.edit_map(os.path.join(MAPS, name))
+
+    def edit_map(self, path):
+        with open(path, encoding="utf-8") as file:
+            features = len(json.load(file)["features"])
+        run = self.succeed(self.run_batch(
+            path, "--select all", "--rows --json", f"--say {MARK}",
+            "--save before.qxf", '--set "Description=gemessen 2024"', "--rows --json", f"--say {MARK}",
+            "--save changed.qxf", "--undo", "--save undone.qxf", "--redo", "--save redone.qxf",
+            "--open changed.qxf", "--save again.qxf", "--select all", "--rows --json"))
+        self.assertGreaterEqual(run.json(0)["count"], features)
+        for part in (1, 2):
+            row = rows_by_name(run.json(part))["Description"]
+            self.assertEqual((row["text"], row["state"]), ("gemessen 2024", "specific"))
+
+        def content(name):
+            with open(self.path(name), "rb") as file:
+                return file.read()
+        self.assertEqual(content("before.qxf"), content("undone.qxf"))
+        self.assertEqual(content("changed.qxf"), content("redone.qxf"))
+        self.assertEqual(content("changed.qxf"), content("again.qxf"))
+        self.assertNotEqual(content("before.qxf"), content("changed.qxf"))
+        entities = self.entities("changed.qxf").values()
+        self.assertEqual(len(entities), run.json(0)["count"])
+        self.assertTrue(all(entity["description"] == "gemessen 2024" for entity in entities))
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1] + sys.argv[4:])
