@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """Checks of the text itself: words that have no place in the product, lengths, header guards, includes."""
 
+import os
 import re
 import sys
 
-from project_files import project_files, read_text
+from project_files import ROOT, project_files, read_text
 
 # Each word is cut in two here, so that this file passes its own check.
 UNWANTED = [
@@ -25,12 +26,20 @@ UNWANTED = [
 MAX_LINES = {".cpp": 600, ".h": 250}
 
 
+def has_file(path):
+    return os.path.isfile(os.path.join(ROOT, path))
+
+
 def complaints_about(path, text):
     """(line, complaint) for each thing wrong with one file."""
     found = []
     for pattern, advice in UNWANTED:
         for match in re.finditer(pattern, text):
             found.append((text.count("\n", 0, match.start()) + 1, f"'{match.group()}': {advice}"))
+    first = re.search(r'^#include "([^"]+)"', text, re.MULTILINE)
+    own = path[:-len(".cpp")] + ".h"
+    if path.endswith(".cpp") and has_file(own) and (not first or first.group(1) != own):
+        found.append((1, f"the first include is {own}, which proves that it compiles alone"))
     suffix = "." + path.rsplit(".", 1)[-1]
     lines = text.count("\n")
     if lines > MAX_LINES.get(suffix, lines):

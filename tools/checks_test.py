@@ -46,6 +46,12 @@ class CheckStyle(unittest.TestCase):
     def test_long_header_and_missing_pragma_are_found(self):
         self.assertEqual(len(complaints_about("core/A.h", "\n" * 251)), 2)
 
+    def test_source_that_includes_something_before_its_own_header_is_found(self):
+        source = "tests/support/LeakCheck.cpp"
+        first = '#include "tests/support/LeakCheck.h"\n'
+        self.assertEqual(complaints_about(source, first), [])
+        self.assertEqual(len(complaints_about(source, '#include "framework/base/Export.h"\n' + first)), 1)
+
 
 class Lint(unittest.TestCase):
     def test_key_of_a_source_covers_the_headers_it_reaches(self):

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""lint.py BUILD_DIR [FILE...]: runs clang-tidy on the sources that changed since they last passed.
+"""lint.py BUILD_DIR [FILE...]: runs clang-tidy on the sources that changed since they last passed, and finds sources
+that no target compiles.
 
 A source's key is the content of the source, of the project headers it reaches, of .clang-tidy and of its compile
 command; a key that passed is remembered in build/lint."""
@@ -12,7 +13,7 @@ import re
 import subprocess
 import sys
 
-from project_files import ROOT
+from project_files import ROOT, project_files
 
 RUNTIME = "/usr/lib/gcc/x86_64-w64-mingw32/12-posix/include/c++"
 # clang knows the target but not where this compiler keeps its C++ library.
@@ -55,6 +56,11 @@ def sources(build):
             yield os.path.relpath(path, ROOT), command["command"]
 
 
+def unused_sources(compiled):
+    """Sources that no target compiles: nothing would notice when they stop being right."""
+    return [path for path in project_files(".cpp") if path not in compiled]
+
+
 def lint(build, path, key):
     """The findings in one source; remembers the key when there are none."""
     result = subprocess.run(ARGUMENTS + ["-p", build, path], cwd=ROOT, capture_output=True, text=True, check=False)
@@ -67,7 +73,11 @@ def lint(build, path, key):
 def main(build, only):
     os.makedirs(STAMPS, exist_ok=True)
     work = {}
-    for path, command in sources(build):
+    commands = list(sources(build))
+    unused = unused_sources({path for path, _ in commands})
+    for path in unused:
+        print(f"{path}: no target compiles this source")
+    for path, command in commands:
         key = key_of(path, command)
         if (not only or path in only) and not os.path.exists(os.path.join(STAMPS, key)):
             work.setdefault(path, key)
@@ -79,7 +89,7 @@ def main(build, only):
                 failed += 1
     if work:
         print(f"clang-tidy: {len(work)} sources looked at, {failed} with findings")
-    return 1 if failed else 0
+    return 1 if failed or unused else 0
 
 
 if __name__ == "__main__":
