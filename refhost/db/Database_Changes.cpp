@@ -21,7 +21,7 @@ namespace {
 /// Calls each reactor that is attached when its turn comes: a reactor may detach itself and others.
 template <class Reactor, class Call>
 void CallEach(const std::vector<Reactor*>& attached, const Call& call) {
-    const std::vector<Reactor*> reactors = attached;
+    const std::vector<Reactor*> reactors(attached.begin(), attached.end());
     for (Reactor* const reactor : reactors) {
         if (std::find(attached.begin(), attached.end(), reactor) != attached.end()) {
             call(*reactor);

@@ -45,8 +45,8 @@ private:
     Host& operator=(const Host&) = delete;
     ~Host();
 
-    /// Dialogs, message boxes, automation object and plug-in modules: from after the start of the host to before
-    /// its documents close.
+    /// Dialogs, message boxes, automation object and plug-in modules: from after the start of the host to
+    /// before its documents close.
     void StartServices();
     void StopServices();
 

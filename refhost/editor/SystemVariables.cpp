@@ -207,6 +207,7 @@ Outcome SystemVariables::SetText(std::wstring_view name, std::wstring_view text)
 
 std::vector<std::wstring> SystemVariables::Names() const {
     std::vector<std::wstring> names;
+    names.reserve(s_variables.size());
     for (const Variable& variable : s_variables) {
         names.emplace_back(variable.name);
     }

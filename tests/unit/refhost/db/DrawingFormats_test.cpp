@@ -20,7 +20,6 @@ namespace {
 
 using kvhost::Database;
 using kvhost::DrawingReadResult;
-using kvhost::ScopedOpen;
 using kvtest::AppendTo;
 
 TEST(DrawingFormats, Qxf_ComesBackEqual) {

@@ -170,21 +170,22 @@ TEST(Reactors, EraseOfABlockReference_IsToldForItsAttributes) {
 TEST(Reactors, Reactor_MayDetachOthersWhileItIsCalled) {
     class Detacher final : public kvhost::ObjectReactor {
     public:
-        Object* object = nullptr;
-        kvhost::ObjectReactor* other = nullptr;
-        void Modified(const Object& /*object*/) override {
-            object->RemoveReactor(other);
-            object->RemoveReactor(this);
+        explicit Detacher(kvhost::ObjectReactor& other) : m_other(other) {}
+        void Modified(const Object& object) override {
+            const ScopedOpen<Object> opened(object.Id());
+            opened->RemoveReactor(&m_other);
+            opened->RemoveReactor(this);
         }
+
+    private:
+        kvhost::ObjectReactor& m_other;
     };
     Database database;
     const KvDbObjectId id = AppendNew<kvhost::Line>(database);
-    Detacher detacher;
     ObjectWitness witness;
+    Detacher detacher(witness);
     {
         const ScopedOpen<kvhost::Line> line(id, KvDb::kForWrite);
-        detacher.object = &*line;
-        detacher.other = &witness;
         line->AddReactor(&detacher);
         line->AddReactor(&witness);
         line->AddReactor(&witness);
