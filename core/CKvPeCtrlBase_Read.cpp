@@ -9,12 +9,18 @@
 
 namespace {
 
+// The system makes no vectors without an element type; a bare descriptor is one.
+SAFEARRAY* MakeEmptyVector() {
+    SAFEARRAY* vector = nullptr;
+    return SUCCEEDED(::SafeArrayAllocDescriptor(1, &vector)) ? vector : nullptr;
+}
+
 // Hosts may give null pointers for empty texts and arrays; rows get empty ones.
 void FillNullValue(VARIANT& value) {
     if (value.vt == VT_BSTR && value.bstrVal == nullptr) {
         value.bstrVal = ::SysAllocString(L"");
     } else if (value.vt == VT_ARRAY && value.parray == nullptr) {
-        value.parray = ::SafeArrayCreateVector(VT_EMPTY, 0, 0);
+        value.parray = MakeEmptyVector();
     }
 }
 

@@ -9,7 +9,10 @@
 
 KvPeDialogScope::KvPeDialogScope(CIPropEditUIEvents* events, IKvPiPropertyIdentifier* identifier,
                                  const CString& text, int code)
-    : m_events(events), m_identifier(identifier), m_text(text), m_code(static_cast<UINT>(code)) {
+    : m_events(events),
+      m_identifier(events != nullptr ? identifier : nullptr),
+      m_text(text),
+      m_code(static_cast<UINT>(code)) {
     if (!m_identifier) {
         return;
     }

@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
-#include "framework/base/MessageBox.h"
 #include "framework/com/ComPtr.h"
 #include "refhost/editor/HostSession.h"
 #include "refhost/rx/Modules.h"
@@ -92,34 +89,6 @@ TEST_F(Module, CanUnloadNow_NotWhileAClientLocksTheServer) {
     EXPECT_EQ(factory->LockServer(FALSE), S_OK);
     factory.Reset();
     EXPECT_EQ(module.CanUnloadNow(), S_OK);
-}
-
-// The satellite
-
-std::wstring s_shown;
-
-int NoteMessage(HWND, const wchar_t* text, const wchar_t*, UINT) {
-    s_shown = text;
-    return IDOK;
-}
-
-TEST(ModuleAttach, SatelliteMissing_TellsTheUserAndRefuses) {
-    const std::filesystem::path folder = kvtest::BesideProgram(L"without_satellite");
-    std::filesystem::create_directory(folder);
-    const std::filesystem::path copy = folder / L"KvPEXCtl_alone.qmx";
-    std::filesystem::copy_file(kvtest::BesideProgram(L"KvPEXCtl.qmx"), copy,
-                               std::filesystem::copy_options::overwrite_existing);
-    const std::filesystem::path satellite = kvtest::BesideProgram(L"KvPEXCtlRes.dll");
-    const std::filesystem::path hidden = satellite.wstring() + L".away";
-    std::filesystem::rename(satellite, hidden);
-    s_shown.clear();
-    const fw::MessageBoxHook former = fw::SetMessageBoxHook(&NoteMessage);
-    const fw::UniqueModule library(::LoadLibraryW(copy.c_str()));
-    fw::SetMessageBoxHook(former);
-    std::filesystem::rename(hidden, satellite);
-    std::filesystem::remove_all(folder);
-    EXPECT_FALSE(library);
-    EXPECT_EQ(s_shown, L"KvPEXCtl resource only DLL load failed");
 }
 
 }  // namespace

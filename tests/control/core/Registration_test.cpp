@@ -107,6 +107,9 @@ TEST_F(Registration, Manifest_LetsClientsCreateByNameWithoutRegistration) {
         }
         kvhost::Modules::UnloadAll();
     }
+    // No control lives any more: the component runtime may let go of the module.
+    ::CoFreeUnusedLibrariesEx(0, 0);
+    EXPECT_EQ(::GetModuleHandleW(L"KvPEXCtl.qmx"), nullptr);
     ::DeactivateActCtx(0, cookie);
     ::ReleaseActCtx(context);
 }
