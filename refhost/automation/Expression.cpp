@@ -103,7 +103,7 @@ private:
         const std::wstring rest(m_text.substr(m_position));
         wchar_t* end = nullptr;
         const double number = std::wcstod(rest.c_str(), &end);
-        if (end == rest.c_str()) {
+        if (end == rest.c_str() || !std::isfinite(number)) {
             return std::nullopt;
         }
         m_position += static_cast<std::size_t>(end - rest.c_str());

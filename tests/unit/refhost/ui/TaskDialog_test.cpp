@@ -7,6 +7,7 @@
 #include "refhost/ui/ResourceIds.h"
 #include "refhost/ui/TaskDialogDescription.h"
 #include "tests/support/ExpectCalls.h"
+#include "tests/support/WarmUp.h"
 
 namespace {
 
@@ -164,6 +165,19 @@ void CALLBACK PressEscape(HWND, UINT, UINT_PTR timer, DWORD) {
         ::PostMessageW(::GetFocus(), WM_KEYDOWN, VK_ESCAPE, 0);
     }
 }
+
+// The system keeps its icons and the parts of dialog frames once it has drawn them.
+const kvtest::WarmUpStep g_firstDialog([] {
+    for (const TIMERPROC answer : {LookAndPressOk, PressEscape}) {
+        Answers::SetInteractive(true);
+        LzTaskDialog dialog;
+        if (dialog.LoadFromFile(c_resource, c_cannotModify)) {
+            ::SetTimer(nullptr, 0, 10, answer);
+            dialog.ShowDialog(nullptr);
+        }
+        Answers::Reset();
+    }
+});
 
 TEST_F(LzTaskDialogTest, PersonThere_SeesTheWindowAndPressesTheButton) {
     Answers::SetInteractive(true);
