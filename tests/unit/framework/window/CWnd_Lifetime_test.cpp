@@ -3,6 +3,7 @@
 #include <memory>
 #include <stdexcept>
 #include <thread>
+#include <vector>
 
 #include "framework/window/CWnd.h"
 #include "framework/window/WindowClass.h"
@@ -169,12 +170,26 @@ public:
     }
 };
 
-TEST(CWndLifetime, ObjectDiesInWmDestroy_WindowIsStillDestroyed) {
+WNDPROC g_below = nullptr;
+std::vector<UINT> g_ends;
+
+LRESULT CALLBACK CountEnds(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_DESTROY || message == WM_NCDESTROY) {
+        g_ends.push_back(message);
+    }
+    return ::CallWindowProcW(g_below, window, message, wParam, lParam);
+}
+
+TEST(CWndLifetime, ObjectDiesInWmDestroy_WindowIsDestroyedOnce) {
     auto* const window = new DiesInDestroy;
     ASSERT_TRUE(window->Create({L"KvFrameTestProbe", CS_DBLCLKS}, L"", WS_POPUP, {0, 0, 9, 9}, nullptr));
     const HWND handle = *window;
+    g_ends.clear();
+    g_below = reinterpret_cast<WNDPROC>(
+        ::SetWindowLongPtrW(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&CountEnds)));
     EXPECT_TRUE(::DestroyWindow(handle));
     EXPECT_FALSE(::IsWindow(handle));
+    EXPECT_EQ(g_ends, (std::vector<UINT>{WM_DESTROY, WM_NCDESTROY}));
 }
 
 TEST(CWndLifetime, CreateRefusedByTheWindow_LeavesNothingBound) {
