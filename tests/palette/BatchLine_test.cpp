@@ -19,14 +19,15 @@ TEST_P(BatchLine, IsCutIntoWords) {
     EXPECT_EQ(words, GetParam().words);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Forms, BatchLine,
-    testing::Values(Line{L"", {}}, Line{L"   \t\r", {}}, Line{L"# a remark \"", {}},
-                    Line{L"--rows # to the end", {L"--rows"}}, Line{L"a#b", {L"a#b"}},
-                    Line{L"--set \"A=b c\"", {L"--set", L"A=b c"}}, Line{L"A=\"b c\"d", {L"A=b cd"}},
-                    Line{L"\"\" x", {L"", L"x"}}, Line{L"\"say \\\"yes\\\"\"", {L"say \"yes\""}},
-                    Line{L"out\\new.png", {L"out\\new.png"}}, Line{L"\"C:\\dir\\\\\" x", {L"C:\\dir\\", L"x"}},
-                    Line{L"\xFEFF--rows", {L"--rows"}}));
+INSTANTIATE_TEST_SUITE_P(Forms, BatchLine,
+                         testing::Values(Line{L"", {}}, Line{L"   \t\r", {}}, Line{L"# a remark \"", {}},
+                                         Line{L"--rows # to the end", {L"--rows"}}, Line{L"a#b", {L"a#b"}},
+                                         Line{L"--set \"A=b c\"", {L"--set", L"A=b c"}},
+                                         Line{L"A=\"b c\"d", {L"A=b cd"}}, Line{L"\"\" x", {L"", L"x"}},
+                                         Line{L"\"say \\\"yes\\\"\"", {L"say \"yes\""}},
+                                         Line{L"out\\new.png", {L"out\\new.png"}},
+                                         Line{L"\"C:\\dir\\\\\" x", {L"C:\\dir\\", L"x"}},
+                                         Line{L"\xFEFF--rows", {L"--rows"}}));
 
 TEST(BatchLineQuotes, OpenQuote_IsRefused) {
     Words words;

@@ -84,8 +84,9 @@ TEST(CommandParser, UndoWithoutCount_IsOneStep) {
 }
 
 TEST(CommandParser, Batch_StandsInPlaceOfItsCommands) {
-    const Parsed parsed = Parse({L"--rows", L"--batch", L"b.txt", L"--escape"},
-                                {{L"b.txt", L"# tour\r\n\r\n--select \"layer=North wing\"\r\n--set \"A=b c\" --undo 2\n"}});
+    const Parsed parsed =
+        Parse({L"--rows", L"--batch", L"b.txt", L"--escape"},
+              {{L"b.txt", L"# tour\r\n\r\n--select \"layer=North wing\"\r\n--set \"A=b c\" --undo 2\n"}});
     ASSERT_TRUE(parsed.good) << parsed.message.c_str();
     const auto& commands = parsed.line.commands;
     ASSERT_EQ(commands.size(), 5u);
@@ -134,17 +135,18 @@ TEST_P(BadCommandLine, IsRefusedWithAMessage) {
 
 INSTANTIATE_TEST_SUITE_P(
     Forms, BadCommandLine,
-    testing::Values(std::vector<std::wstring>{L""}, std::vector<std::wstring>{L"--frobnicate"},
-                    std::vector<std::wstring>{L"-x"}, std::vector<std::wstring>{L"--select"},
-                    std::vector<std::wstring>{L"--select", L"--rows"}, std::vector<std::wstring>{L"--select", L""},
-                    std::vector<std::wstring>{L"--set", L"Contents"}, std::vector<std::wstring>{L"--set", L"=text"},
-                    std::vector<std::wstring>{L"--hover", L"Layer"}, std::vector<std::wstring>{L"--click", L"Row"},
-                    std::vector<std::wstring>{L"--pick", L"1"}, std::vector<std::wstring>{L"--pick", L"1,2,3,4"},
-                    std::vector<std::wstring>{L"--pick", L"1,x"}, std::vector<std::wstring>{L"--undo", L"1000000"},
-                    std::vector<std::wstring>{L"--undo", L"-1"}, std::vector<std::wstring>{L"--setvar", L"GRIPS"},
-                    std::vector<std::wstring>{L"--batch"}, std::vector<std::wstring>{L"--batch", L"absent.txt"},
-                    std::vector<std::wstring>{L"--size", L"800"}, std::vector<std::wstring>{L"--size", L"10x10"},
-                    std::vector<std::wstring>{L"--zoom", L"0"}, std::vector<std::wstring>{L"--zoom", L"far"}));
+    testing::Values(
+        std::vector<std::wstring>{L""}, std::vector<std::wstring>{L"--frobnicate"},
+        std::vector<std::wstring>{L"-x"}, std::vector<std::wstring>{L"--select"},
+        std::vector<std::wstring>{L"--select", L"--rows"}, std::vector<std::wstring>{L"--select", L""},
+        std::vector<std::wstring>{L"--set", L"Contents"}, std::vector<std::wstring>{L"--set", L"=text"},
+        std::vector<std::wstring>{L"--hover", L"Layer"}, std::vector<std::wstring>{L"--click", L"Row"},
+        std::vector<std::wstring>{L"--pick", L"1"}, std::vector<std::wstring>{L"--pick", L"1,2,3,4"},
+        std::vector<std::wstring>{L"--pick", L"1,x"}, std::vector<std::wstring>{L"--undo", L"1000000"},
+        std::vector<std::wstring>{L"--undo", L"-1"}, std::vector<std::wstring>{L"--setvar", L"GRIPS"},
+        std::vector<std::wstring>{L"--batch"}, std::vector<std::wstring>{L"--batch", L"absent.txt"},
+        std::vector<std::wstring>{L"--size", L"800"}, std::vector<std::wstring>{L"--size", L"10x10"},
+        std::vector<std::wstring>{L"--zoom", L"0"}, std::vector<std::wstring>{L"--zoom", L"far"}));
 
 class GoodPoint : public testing::TestWithParam<std::wstring> {};
 
