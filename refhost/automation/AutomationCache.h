@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <unordered_map>
 
 #include "refhost/automation/AutomationObject.h"
 #include "refhost/db/DatabaseReactor.h"
@@ -22,7 +23,7 @@ public:
     void DatabaseGone(const Database& database) override;
 
 private:
-    using Objects = std::map<KvDbStub*, AutomationObject*>;
+    using Objects = std::unordered_map<KvDbStub*, AutomationObject*>;
     std::map<const Database*, Objects> m_databases;
 };
 

@@ -23,7 +23,8 @@ constexpr auto CommonInterfaces() {
                       fw::Implements<Class, IPropertyEditability>(),
                       fw::Implements<Class, IPropertyUnspecifiedSupport>(),
                       fw::Implements<Class, IPropertyExpressionSupport>(),
-                      fw::Implements<Class, IPerPropertyBrowsing>()};
+                      fw::Implements<Class, IPerPropertyBrowsing>(),
+                      fw::Implements<Class, IAutomationIdentity>()};
 }
 
 }  // namespace
@@ -65,7 +66,7 @@ const PropertyDescription* AutomationObject::PropertyOf(const VARIANT& key) cons
 STDMETHODIMP AutomationObject::GetObjectId(KvDbObjectId* id) {
     RETURN_IF_NULL_POINTER(id);
     *id = {};
-    ServiceCall call(L"GetObjectId", JournalName());
+    ServiceCall call(L"GetObjectId", Id());
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails() || m_id.isNull());
     *id = m_id;
     return call.ReturnsCode(S_OK);
@@ -74,7 +75,7 @@ STDMETHODIMP AutomationObject::GetObjectId(KvDbObjectId* id) {
 STDMETHODIMP AutomationObject::GetClassId(CLSID* classId) {
     RETURN_IF_NULL_POINTER(classId);
     *classId = {};
-    ServiceCall call(L"GetClassId", JournalName());
+    ServiceCall call(L"GetClassId", Id());
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
     *classId = m_table->ClassId();
     return call.ReturnsCode(S_OK);
@@ -82,7 +83,7 @@ STDMETHODIMP AutomationObject::GetClassId(CLSID* classId) {
 
 STDMETHODIMP AutomationObject::Editable(long dispid, BOOL* editable) {
     RETURN_IF_NULL_POINTER(editable);
-    ServiceCall call(L"Editable", JournalName(), dispid);
+    ServiceCall call(L"Editable", Id(), dispid);
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
     const PropertyDescription* const property = m_table->Find(dispid);
     RETURN_HR_IF(call.ReturnsCode(E_INVALIDARG), property == nullptr);
@@ -97,7 +98,7 @@ STDMETHODIMP AutomationObject::Editable(long dispid, BOOL* editable) {
 
 STDMETHODIMP AutomationObject::PropertyShown(long dispid, BOOL* shown) {
     RETURN_IF_NULL_POINTER(shown);
-    ServiceCall call(L"PropertyShown", JournalName(), dispid);
+    ServiceCall call(L"PropertyShown", Id(), dispid);
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
     *shown = m_table->Find(dispid) != nullptr ? TRUE : FALSE;
     return call.ReturnsCode(S_OK);
@@ -106,7 +107,7 @@ STDMETHODIMP AutomationObject::PropertyShown(long dispid, BOOL* shown) {
 STDMETHODIMP AutomationObject::IsUnspecified(VARIANT key, VARIANT_BOOL* unspecified) {
     RETURN_IF_NULL_POINTER(unspecified);
     *unspecified = VARIANT_FALSE;
-    ServiceCall call(L"IsUnspecified", JournalName(), key.lVal);
+    ServiceCall call(L"IsUnspecified", Id(), key.lVal);
     const PropertyDescription* const property = PropertyOf(key);
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
     RETURN_HR_IF(call.ReturnsCode(E_INVALIDARG), property == nullptr);
@@ -114,7 +115,7 @@ STDMETHODIMP AutomationObject::IsUnspecified(VARIANT key, VARIANT_BOOL* unspecif
 }
 
 STDMETHODIMP AutomationObject::SetUnspecified(VARIANT key, VARIANT_BOOL unspecified) {
-    ServiceCall call(L"SetUnspecified", JournalName(), key.lVal, unspecified);
+    ServiceCall call(L"SetUnspecified", Id(), key.lVal, unspecified);
     const PropertyDescription* const property = PropertyOf(key);
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
     RETURN_HR_IF(call.ReturnsCode(E_INVALIDARG), property == nullptr || !property->Has(PropertyUnspecified));
@@ -125,7 +126,7 @@ STDMETHODIMP AutomationObject::SetUnspecified(VARIANT key, VARIANT_BOOL unspecif
 STDMETHODIMP AutomationObject::IsUnspecifiedAllowed(VARIANT key, VARIANT_BOOL* allowed) {
     RETURN_IF_NULL_POINTER(allowed);
     *allowed = VARIANT_FALSE;
-    ServiceCall call(L"IsUnspecifiedAllowed", JournalName(), key.lVal);
+    ServiceCall call(L"IsUnspecifiedAllowed", Id(), key.lVal);
     const PropertyDescription* const property = PropertyOf(key);
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
     RETURN_HR_IF(call.ReturnsCode(E_INVALIDARG), property == nullptr);
@@ -136,7 +137,7 @@ STDMETHODIMP AutomationObject::IsUnspecifiedAllowed(VARIANT key, VARIANT_BOOL* a
 STDMETHODIMP AutomationObject::GetUnspecifiedText(VARIANT key, BSTR* text) {
     RETURN_IF_NULL_POINTER(text);
     *text = nullptr;
-    ServiceCall call(L"GetUnspecifiedText", JournalName(), key.lVal);
+    ServiceCall call(L"GetUnspecifiedText", Id(), key.lVal);
     const PropertyDescription* const property = PropertyOf(key);
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
     RETURN_HR_IF(call.ReturnsCode(E_INVALIDARG), property == nullptr);
@@ -147,7 +148,7 @@ STDMETHODIMP AutomationObject::GetUnspecifiedText(VARIANT key, BSTR* text) {
 STDMETHODIMP AutomationObject::IsExpressionSupported(VARIANT key, VARIANT_BOOL* supported) {
     RETURN_IF_NULL_POINTER(supported);
     *supported = VARIANT_FALSE;
-    ServiceCall call(L"IsExpressionSupported", JournalName(), key.lVal);
+    ServiceCall call(L"IsExpressionSupported", Id(), key.lVal);
     const PropertyDescription* const property = PropertyOf(key);
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
     RETURN_HR_IF(call.ReturnsCode(E_INVALIDARG), property == nullptr);
@@ -158,7 +159,7 @@ STDMETHODIMP AutomationObject::IsExpressionSupported(VARIANT key, VARIANT_BOOL* 
 STDMETHODIMP AutomationObject::GetExpression(VARIANT key, BSTR* expression) {
     RETURN_IF_NULL_POINTER(expression);
     *expression = nullptr;
-    ServiceCall call(L"GetExpression", JournalName(), key.lVal);
+    ServiceCall call(L"GetExpression", Id(), key.lVal);
     const PropertyDescription* const property = PropertyOf(key);
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
     RETURN_HR_IF(call.ReturnsCode(E_INVALIDARG), property == nullptr || !property->Has(PropertyExpression));
@@ -167,7 +168,7 @@ STDMETHODIMP AutomationObject::GetExpression(VARIANT key, BSTR* expression) {
 
 STDMETHODIMP AutomationObject::SetExpression(VARIANT key, wchar_t* expression) {
     RETURN_IF_NULL_POINTER(expression);
-    ServiceCall call(L"SetExpression", JournalName(), key.lVal, expression);
+    ServiceCall call(L"SetExpression", Id(), key.lVal, expression);
     const PropertyDescription* const property = PropertyOf(key);
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
     RETURN_HR_IF(call.ReturnsCode(E_INVALIDARG), property == nullptr || !property->Has(PropertyExpression));
@@ -198,7 +199,7 @@ STDMETHODIMP GraphicalAutomationObject::SetPattern(long, BSTR) {
 }
 
 STDMETHODIMP GraphicalAutomationObject::Update() {
-    ServiceCall call(L"Update", JournalName());
+    ServiceCall call(L"Update", Id());
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
     NotifyRedrawn(Id());
     return call.ReturnsCode(S_OK);

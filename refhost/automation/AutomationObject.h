@@ -9,6 +9,7 @@
 #include "host_sdk/IPropertyEditability.h"
 #include "host_sdk/IPropertyExpressionSupport.h"
 #include "host_sdk/IPropertyUnspecifiedSupport.h"
+#include "refhost/automation/IAutomationIdentity.h"
 #include "refhost/automation/LiveObject.h"
 #include "refhost/automation/PropertyDispatch.h"
 
@@ -25,6 +26,7 @@ class AutomationObject : public fw::ComObjectRoot,
                          public IPropertyUnspecifiedSupport,
                          public IPropertyExpressionSupport,
                          public IPerPropertyBrowsing,
+                         public IAutomationIdentity,
                          private LiveObject {
 public:
     static std::span<const fw::InterfaceEntry> Interfaces();
@@ -57,6 +59,9 @@ public:
     STDMETHODIMP MapPropertyToPage(DISPID dispid, CLSID* page) override;
     STDMETHODIMP GetPredefinedStrings(DISPID dispid, CALPOLESTR* strings, CADWORD* cookies) override;
     STDMETHODIMP GetPredefinedValue(DISPID dispid, DWORD cookie, VARIANT* value) override;
+
+    // IAutomationIdentity
+    KvDbObjectId STDMETHODCALLTYPE DatabaseObject() override { return m_id; }
 
 protected:
     ~AutomationObject();

@@ -11,7 +11,7 @@ namespace kvhost {
 STDMETHODIMP AutomationObject::GetDisplayString(DISPID dispid, BSTR* text) {
     RETURN_IF_NULL_POINTER(text);
     *text = nullptr;
-    ServiceCall call(L"GetDisplayString", JournalName(), dispid);
+    ServiceCall call(L"GetDisplayString", Id(), dispid);
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
     const PropertyDescription* const property = m_table->Find(dispid);
     RETURN_HR_IF(call.ReturnsCode(E_INVALIDARG), property == nullptr);
@@ -29,7 +29,7 @@ STDMETHODIMP AutomationObject::GetDisplayString(DISPID dispid, BSTR* text) {
 STDMETHODIMP AutomationObject::MapPropertyToPage(DISPID dispid, CLSID* page) {
     RETURN_IF_NULL_POINTER(page);
     *page = CLSID_NULL;
-    ServiceCall call(L"MapPropertyToPage", JournalName(), dispid);
+    ServiceCall call(L"MapPropertyToPage", Id(), dispid);
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
     const PropertyDescription* const property = m_table->Find(dispid);
     RETURN_HR_IF(call.ReturnsCode(PERPROP_E_NOPAGEAVAILABLE),
@@ -43,7 +43,7 @@ STDMETHODIMP AutomationObject::GetPredefinedStrings(DISPID dispid, CALPOLESTR* s
     RETURN_IF_NULL_POINTER(cookies);
     *strings = {};
     *cookies = {};
-    ServiceCall call(L"GetPredefinedStrings", JournalName(), dispid);
+    ServiceCall call(L"GetPredefinedStrings", Id(), dispid);
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
     const PropertyDescription* const property = m_table->Find(dispid);
     RETURN_HR_IF(call.ReturnsCode(E_NOTIMPL), property == nullptr || property->enumeration == nullptr);
@@ -57,7 +57,7 @@ STDMETHODIMP AutomationObject::GetPredefinedStrings(DISPID dispid, CALPOLESTR* s
 STDMETHODIMP AutomationObject::GetPredefinedValue(DISPID dispid, DWORD cookie, VARIANT* value) {
     RETURN_IF_NULL_POINTER(value);
     ::VariantInit(value);
-    ServiceCall call(L"GetPredefinedValue", JournalName(), dispid, cookie);
+    ServiceCall call(L"GetPredefinedValue", Id(), dispid, cookie);
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
     const PropertyDescription* const property = m_table->Find(dispid);
     RETURN_HR_IF(call.ReturnsCode(E_NOTIMPL), property == nullptr || property->enumeration == nullptr);

@@ -8,6 +8,7 @@
 #include "framework/com/Variant.h"
 #include "host_sdk/IDatabaseObjectIdentity.h"
 #include "refhost/automation/AutomationError.h"
+#include "refhost/automation/IAutomationIdentity.h"
 #include "refhost/automation/PropertyState.h"
 #include "refhost/db/ScopedOpen.h"
 #include "refhost/testing/ServiceCall.h"
@@ -82,6 +83,10 @@ HRESULT MakeOfKind(const DynamicAttributeKind& kind, DynamicAttribute** result) 
 // Null when the object is no database object.
 KvDbObjectId IdOf(IUnknown* object) {
     KvDbObjectId id;
+    // The host's own objects are known without a call that would show in the journal.
+    if (const auto own = fw::QueryFrom<IAutomationIdentity>(object)) {
+        return own->DatabaseObject();
+    }
     if (const auto identity = fw::QueryFrom<IDatabaseObjectIdentity>(object)) {
         // A failure leaves the null id, which the callers refuse.
         fw::Ignore(identity->GetObjectId(&id));
@@ -140,7 +145,7 @@ HRESULT DynamicAttribute::Read(KvDbObjectId id, VARIANT* value) {
 }
 
 HRESULT DynamicAttribute::Write(KvDbObjectId id, const VARIANT& value) {
-    ServiceCall call(L"SetCurrentValueData", m_name, id, AsText(value));
+    ServiceCall call(L"SetCurrentValueData", m_name, id, value);
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
     fw::Variant text;
     RETURN_HR_IF(call.ReturnsCode(DISP_E_TYPEMISMATCH),

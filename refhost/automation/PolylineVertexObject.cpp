@@ -51,7 +51,7 @@ std::wstring PolylineVertexObject::JournalName() const {
 STDMETHODIMP PolylineVertexObject::GetFullSubentPath(KvDbFullSubentPath* path) {
     RETURN_IF_NULL_POINTER(path);
     *path = {};
-    ServiceCall call(L"GetFullSubentPath", JournalName());
+    ServiceCall call(L"GetFullSubentPath", [this] { return JournalName(); });
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
     *path = KvDbFullSubentPath(m_polyline, SubentVertex, static_cast<std::intptr_t>(m_index));
     return call.ReturnsCode(S_OK);
@@ -60,7 +60,7 @@ STDMETHODIMP PolylineVertexObject::GetFullSubentPath(KvDbFullSubentPath* path) {
 STDMETHODIMP PolylineVertexObject::GetClassId(CLSID* classId) {
     RETURN_IF_NULL_POINTER(classId);
     *classId = {};
-    ServiceCall call(L"GetClassId", JournalName());
+    ServiceCall call(L"GetClassId", [this] { return JournalName(); });
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
     *classId = Table().ClassId();
     return call.ReturnsCode(S_OK);

@@ -43,7 +43,7 @@ STDMETHODIMP PropertyDispatch::GetTypeInfo(UINT index, LCID, ITypeInfo** info) {
     RETURN_IF_NULL_POINTER(info);
     *info = nullptr;
     RETURN_HR_IF(DISP_E_BADINDEX, index != 0);
-    ServiceCall call(L"GetTypeInfo", JournalName());
+    ServiceCall call(L"GetTypeInfo", [this] { return JournalName(); });
     return call.ReturnsCode(call.Fails() ? E_FAIL : GetTypeInformation(Table(), info));
 }
 
@@ -77,7 +77,8 @@ STDMETHODIMP PropertyDispatch::Invoke(DISPID dispid, REFIID reserved, LCID local
 }
 
 HRESULT PropertyDispatch::Get(const PropertyDescription& property, VARIANT* result, EXCEPINFO* exception) {
-    ServiceCall call(L"Invoke", JournalName(), L"get", property.dispid);
+    ServiceCall call(
+        L"Invoke", [this] { return JournalName(); }, L"get", property.dispid);
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
     fw::Variant value;
     const HRESULT read = AsException(Read(property, value), exception);
@@ -94,7 +95,9 @@ HRESULT PropertyDispatch::Put(const PropertyDescription& property, LCID locale, 
     const bool isNamed = parameters.cNamedArgs == 1 && parameters.rgdispidNamedArgs[0] == DISPID_PROPERTYPUT;
     RETURN_HR_IF(DISP_E_PARAMNOTFOUND, !isNamed);
     const VARIANT& given = parameters.rgvarg[0];
-    ServiceCall call(L"Invoke", JournalName(), L"put", property.dispid, PutText(property, given));
+    ServiceCall call(
+        L"Invoke", [this] { return JournalName(); }, L"put", property.dispid,
+        [&] { return PutText(property, given); });
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
     fw::Variant value;
     if (FAILED(value.CopyIndirectFrom(given)) || FAILED(ConvertTo(property.type, locale, value))) {

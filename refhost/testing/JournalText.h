@@ -30,6 +30,13 @@ requires(std::is_integral_v<Number> || std::is_enum_v<Number>) [[nodiscard]] std
     return std::to_wstring(static_cast<long long>(number));
 }
 
+/// A text that costs something to make, made only when a journal wants it.
+template <class Function>
+requires(std::is_invocable_r_v<std::wstring, Function>) [[nodiscard]] std::wstring
+    AsText(const Function& makeText) {
+    return makeText();
+}
+
 [[nodiscard]] inline std::wstring JoinAsText() {
     return {};
 }

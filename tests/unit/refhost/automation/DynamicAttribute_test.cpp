@@ -197,6 +197,16 @@ TEST_F(DynamicAttributeTest, Journal_NamesPropertyAndObject) {
                  "SetCurrentValueData POP " + handle + " \"2\"");
 }
 
+TEST_F(DynamicAttributeTest, ByObject_AsksTheHostsOwnObjectsNothing) {
+    const KvDbObjectId id = AddWith(L"POP", L"1");
+    const auto object = ObjectOf(id);
+    const auto property = PropertyOf(id).As<IDynamicPropertyByObject>();
+    kvhost::Journal journal;
+    fw::Variant value;
+    EXPECT_EQ(property->GetCurrentValueData(object.Get(), value.Put()), S_OK);
+    EXPECT_CALLS(journal, "GetCurrentValueData POP " + kvtest::ToUtf8(kvhost::AsText(id)));
+}
+
 TEST_F(DynamicAttributeTest, Faults_FailTheNamedOperation) {
     const KvDbObjectId id = AddWith(L"POP", L"1");
     const auto property = PropertyOf(id).As<IDynamicProperty>();

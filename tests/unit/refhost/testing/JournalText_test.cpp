@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "refhost/testing/Journal.h"
+#include "refhost/testing/ServiceCall.h"
+
 namespace {
 
 using kvhost::AsText;
@@ -30,6 +33,20 @@ TEST(JournalText, ObjectIds) {
 TEST(JournalText, Join_PutsOneBlankBetween) {
     EXPECT_EQ(kvhost::JoinAsText(), L"");
     EXPECT_EQ(kvhost::JoinAsText(L"a", 1, L"b"), L"a 1 b");
+}
+
+TEST(JournalText, TextsThatAreMadeOnDemand) {
+    int made = 0;
+    const auto text = [&] {
+        ++made;
+        return std::wstring(L"text");
+    };
+    const kvhost::ServiceCall unwatched(L"service", text);
+    EXPECT_EQ(made, 0);
+    const kvhost::Journal journal;
+    const kvhost::ServiceCall watched(L"service", text);
+    EXPECT_EQ(made, 1);
+    EXPECT_EQ(journal.Entries()[0].Line(), L"service text");
 }
 
 VARIANT Typed(VARTYPE type) {
