@@ -134,14 +134,18 @@ CommandResult CommandRunner::RunProgramCommand(const Command& command) {
             return WriteScreenshot(m_window.m_hWnd, command.target)
                        ? CommandResult::Done()
                        : CommandResult::Failed(L"the picture cannot be written");
-        default: {
-            const std::size_t cut = command.target.find(L'x');
-            const int width = static_cast<int>(std::wcstol(command.target.c_str(), nullptr, 10));
-            const int height = static_cast<int>(std::wcstol(command.target.c_str() + cut + 1, nullptr, 10));
-            m_window.SetWindowPos(nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        default:
+            Resize(command.target);
             return CommandResult::Done();
-        }
     }
+}
+
+void CommandRunner::Resize(const std::wstring& size) {
+    const std::size_t cut = size.find(L'x');
+    const int width = static_cast<int>(std::wcstol(size.c_str(), nullptr, 10));
+    const int height = static_cast<int>(std::wcstol(size.c_str() + cut + 1, nullptr, 10));
+    // From the corner of the screen: what lies beyond its edges cannot be seen in a picture.
+    m_window.SetWindowPos(nullptr, 0, 0, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 CommandResult CommandRunner::SetVariable(const Command& command) {

@@ -28,6 +28,7 @@ private:
     CommandResult SetVariable(const Command& command);
     CommandResult StartTrace(const Command& command);
     CommandResult Zoom(const Command& command);
+    void Resize(const std::wstring& size);
 
     kvhost::Host& m_host;
     MainWindow& m_window;

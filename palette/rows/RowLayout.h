@@ -12,8 +12,10 @@ namespace kvpalette {
 /// with a splitter between names and values. Pure arithmetic in the client coordinates of the rows' window.
 class RowLayout {
 public:
-    static constexpr int c_rowHeight = 22;
-    static constexpr int c_categoryHeight = 24;
+    /// A value is one pixel lower than its row and even, so that controls centre their text as the palette
+    /// does.
+    static constexpr int c_rowHeight = 19;
+    static constexpr int c_categoryHeight = 22;
     static constexpr int c_splitterGrip = 3;
     static constexpr int c_leastColumn = 60;
     static constexpr std::size_t c_none = static_cast<std::size_t>(-1);

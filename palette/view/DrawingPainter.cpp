@@ -14,7 +14,7 @@ namespace {
 constexpr double c_gridPixels = 48;
 constexpr int c_smallestText = 4;
 constexpr int c_largestText = 2000;
-constexpr int c_gripHalf = 3;
+constexpr int c_gripHalf = 2;
 constexpr std::size_t c_mostGrips = 200;
 // Far away points would overflow the system's coordinates; what is that far outside is not seen anyway.
 constexpr double c_farPixel = 1e6;

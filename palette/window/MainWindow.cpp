@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <cwchar>
+#include <utility>
 
 #include "framework/base/DeviceContexts.h"
 #include "framework/base/Hresult.h"
 #include "framework/window/MainWindow.h"
 #include "palette/window/CommandIds.h"
+#include "palette/window/IconIds.h"
 #include "palette/window/MainMenu.h"
 #include "refhost/editor/DocumentManager.h"
 
@@ -16,7 +18,7 @@ namespace {
 
 constexpr fw::WindowClass c_mainClass{L"KvPaletteMain", CS_HREDRAW | CS_VREDRAW, fw::ArrowCursor};
 constexpr int c_windowWidth = 1180;
-constexpr int c_windowHeight = 760;
+constexpr int c_windowHeight = 780;
 constexpr int c_splitterWidth = 5;
 constexpr int c_leastPalette = 220;
 constexpr int c_leastView = 200;
@@ -32,6 +34,17 @@ std::vector<ToolStrip::Button> Buttons() {
         {CommandZoomIn, ToolStrip::Picture::ZoomIn, L"", false},
         {CommandZoomOut, ToolStrip::Picture::ZoomOut, L"", false},
     };
+}
+
+// In the middle of the screen, and within it.
+RECT StartRect() {
+    RECT area{};
+    ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+    const LONG width = std::min<LONG>(c_windowWidth, area.right - area.left);
+    const LONG height = std::min<LONG>(c_windowHeight, area.bottom - area.top);
+    const LONG left = (area.left + area.right - width) / 2;
+    const LONG top = (area.top + area.bottom - height) / 2;
+    return {left, top, left + width, top + height};
 }
 
 std::wstring PlaceText(double x, double y) {
@@ -58,12 +71,19 @@ MainWindow::~MainWindow() {
 }
 
 bool MainWindow::Create() {
-    const RECT bounds{40, 40, 40 + c_windowWidth, 40 + c_windowHeight};
+    const RECT bounds = StartRect();
     if (!CWnd::Create(c_mainClass, L"kvpalette", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, bounds, nullptr,
                       reinterpret_cast<UINT_PTR>(MakeMainMenu().Release()))) {
         return false;
     }
     fw::SetMainWindow(m_hWnd);
+    for (const auto& [kind, metric] : {std::pair{ICON_SMALL, SM_CXSMICON}, std::pair{ICON_BIG, SM_CXICON}}) {
+        const int size = ::GetSystemMetrics(metric);
+        SendMessage(WM_SETICON, static_cast<WPARAM>(kind),
+                    reinterpret_cast<LPARAM>(::LoadImageW(::GetModuleHandleW(nullptr),
+                                                          MAKEINTRESOURCEW(KVPALETTE_ICON), IMAGE_ICON, size,
+                                                          size, LR_SHARED)));
+    }
     if (!m_tools.Create(m_hWnd) || !m_status.Create(m_hWnd) || !m_view.Create(m_hWnd) ||
         !m_palette.Create(m_hWnd, m_hWnd)) {
         return false;
@@ -161,17 +181,16 @@ void MainWindow::Layout() {
     const RECT splitter = SplitterRect();
     m_tools.MoveWindow({0, 0, client.right, top});
     m_status.MoveWindow({0, bottom, client.right, client.bottom});
-    m_view.MoveWindow({0, top, splitter.left, bottom});
-    m_palette.MoveWindow({splitter.right, top, client.right, bottom});
+    m_palette.MoveWindow({0, top, splitter.left, bottom});
+    m_view.MoveWindow({splitter.right, top, client.right, bottom});
 }
 
+// The palette stands on the left: the tips of long values have the drawing's width to spread over.
 RECT MainWindow::SplitterRect() const {
     const CRect client = GetClientRect();
     const LONG widest = std::max<LONG>(c_leastPalette, client.right - c_leastView);
-    const LONG width = std::clamp<LONG>(m_paletteWidth, c_leastPalette, widest);
-    const LONG right = std::max<LONG>(0, client.right - width);
-    return {std::max<LONG>(0, right - c_splitterWidth), ToolStrip::c_height, right,
-            client.bottom - StatusLine::c_height};
+    const LONG left = std::clamp<LONG>(m_paletteWidth, c_leastPalette, widest);
+    return {left, ToolStrip::c_height, left + c_splitterWidth, client.bottom - StatusLine::c_height};
 }
 
 LRESULT MainWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -193,7 +212,7 @@ LRESULT MainWindow::OnPaint(UINT, WPARAM, LPARAM, BOOL&) {
     const fw::PaintDc dc(m_hWnd);
     const RECT splitter = SplitterRect();
     FillColor(dc, splitter, theme::c_frame);
-    FillColor(dc, {splitter.right - 1, splitter.top, splitter.right, splitter.bottom}, theme::c_line);
+    FillColor(dc, {splitter.left, splitter.top, splitter.left + 1, splitter.bottom}, theme::c_line);
     return 0;
 }
 
@@ -226,7 +245,7 @@ LRESULT MainWindow::OnLeftDown(UINT, WPARAM, LPARAM lParam, BOOL&) {
 
 LRESULT MainWindow::OnMouseMove(UINT, WPARAM, LPARAM lParam, BOOL&) {
     if (m_draggingSplitter) {
-        m_paletteWidth = static_cast<int>(GetClientRect().right - CPoint(lParam).x);
+        m_paletteWidth = static_cast<int>(CPoint(lParam).x);
         Layout();
         Invalidate(FALSE);
     }

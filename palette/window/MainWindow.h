@@ -101,7 +101,7 @@ private:
     DrawingView m_view;
     PaletteWindow m_palette;
     HWND m_lastFocus = nullptr;
-    int m_paletteWidth = 340;
+    int m_paletteWidth = 330;
     bool m_draggingSplitter = false;
 };
 

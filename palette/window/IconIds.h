@@ -1,0 +1,4 @@
+#pragma once
+
+// Shared with the resource script.
+#define KVPALETTE_ICON 1
