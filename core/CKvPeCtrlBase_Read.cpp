@@ -134,7 +134,8 @@ HRESULT CKvPeCtrlBase::ComparePropertyValue(VARIANT* first, VARIANT* second, int
 }
 
 SelectionEntry CKvPeCtrlBase::EntryAt(int index) const {
-    return {m_objects[index], m_dynamicProperties[index], m_dispids[index]};
+    const auto position = static_cast<std::size_t>(index);
+    return {m_objects[position], m_dynamicProperties[position], m_dispids[position]};
 }
 
 HRESULT CKvPeCtrlBase::ValueReader::ReadFirstObject(const SelectionEntry& entry) {

@@ -84,15 +84,16 @@ HRESULT CKvPeCtrlBase::StoreEntry(LONG index, const VARIANT& objects, const VARI
                                   const VARIANT& dispids) {
     LONG dispid = 0;
     RETURN_IF_FAILED_EXPECTED(ReadElement(dispids, index, &dispid));
-    m_dispids[index] = dispid;
+    const auto position = static_cast<std::size_t>(index);
+    m_dispids[position] = dispid;
     fw::ComPtr<IUnknown> dynamicProperty;
     if (dispid == DISPID_DYNAMIC) {
         RETURN_IF_FAILED_EXPECTED(ReadElement(dynamicProperties, index, dynamicProperty.Put()));
     }
     fw::ComPtr<IDispatch> object;
     RETURN_IF_FAILED_EXPECTED(ReadElement(objects, index, object.Put()));
-    m_dynamicProperties[index] = dynamicProperty.Detach();
-    m_objects[index] = object.Detach();
+    m_dynamicProperties[position] = dynamicProperty.Detach();
+    m_objects[position] = object.Detach();
     return S_OK;
 }
 
@@ -113,7 +114,7 @@ HRESULT CKvPeCtrlBase::GetCurrentSelectionObjectIdArray(KvArray<KvDbObjectId>& i
     for (int index = 0; index < EntryCount(); ++index) {
         KvDbObjectId id;
         // An object that stands for no database object has no id to give.
-        if (SUCCEEDED(GetDatabaseObjectId(m_objects[index], id))) {
+        if (SUCCEEDED(GetDatabaseObjectId(m_objects[static_cast<std::size_t>(index)], id))) {
             ids.append(id);
         }
     }

@@ -4,8 +4,11 @@
 
 #include <string>
 
+#include "core/CTemporaryResourceOverride.h"
+#include "core/Satellite.h"
 #include "framework/base/Handles.h"
 #include "framework/base/MessageBox.h"
+#include "framework/base/ModuleState.h"
 #include "tests/control/core/LoadedModule.h"
 
 namespace {
@@ -26,6 +29,22 @@ TEST(ModuleAttach, SatelliteMissing_TellsTheUserAndRefuses) {
         EXPECT_EQ(s_shown, L"KvPEXCtl resource only DLL load failed");
     }
     fw::SetMessageBoxHook(former);
+}
+
+TEST(ModuleAttach, ResourceScopeWithoutSatellite_LeavesTheHandle) {
+    ASSERT_EQ(KvPeSatellite(), nullptr);
+    fw::ModuleState& state = *AfxGetModuleState();
+    const HINSTANCE program = ::GetModuleHandleW(nullptr);
+    const HINSTANCE former = state.m_hCurrentResourceHandle;
+    for (const HINSTANCE handle : {HINSTANCE(nullptr), program}) {
+        state.m_hCurrentResourceHandle = handle;
+        {
+            const CTemporaryResourceOverride resources;
+            EXPECT_EQ(state.m_hCurrentResourceHandle, handle);
+        }
+        EXPECT_EQ(state.m_hCurrentResourceHandle, handle);
+    }
+    state.m_hCurrentResourceHandle = former;
 }
 
 }  // namespace

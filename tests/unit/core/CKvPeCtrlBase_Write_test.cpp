@@ -81,7 +81,7 @@ TEST_F(CKvPeCtrlBase_Write, WholeEdit_CallsHostAndPaletteInOrder) {
         "PreSet A 5", "kvedDisableUsrbrk", "Invoke A put 5 \"new\"", "Update A", "kvedEnableUsrbrk",  //
         "PreSet B -23", "SetCurrentValueData P B \"new\"",                                            //
         "kvedIsLivePreviewStarted", "kvDocManagerPtr", "curDocument", "database", "undoController",   //
-        "undoGroup 16 null", "kvedSendModelessOperationEnded ZRB_CHGPROP", "enableProgressMeter 0",  //
+        "undoGroup 16 null", "kvedSendModelessOperationEnded ZRB_CHGPROP", "enableProgressMeter 0",   //
         "isQuiescent", "kvedPostCommandPrompt",                                                       //
         "kvedIsLivePreviewStarted", "PutCurrentValue \"new\"", "PutCurrentValueText entry",           //
         "OnEndPropertyUpdate");

@@ -1,0 +1,41 @@
+#include "core/CannotModifyDialog.h"
+
+#include "framework/window/CWnd.h"
+#include "framework/window/MainWindow.h"
+#include "refhost/testing/Answers.h"
+#include "tests/support/FakeSite.h"
+#include "tests/unit/core/ControlBench.h"
+
+namespace {
+
+class CannotModifyDialog : public kvtest::ControlTest {
+protected:
+    CannotModifyDialog() { fw::Ignore(kvhost::Answers::TakeShown()); }
+    ~CannotModifyDialog() override { kvhost::Answers::Reset(); }
+};
+
+TEST_F(CannotModifyDialog, NoIdOrUnknownId_ReturnsCancelAndShowsNothing) {
+    EXPECT_EQ(ShowCannotModifyDialog(nullptr, nullptr), 2);
+    EXPECT_EQ(ShowCannotModifyDialog(L"ZRB.KvPEXCtl.NoSuchDialog", nullptr), 2);
+    EXPECT_TRUE(kvhost::Answers::TakeShown().empty());
+}
+
+TEST_F(CannotModifyDialog, KnownId_IsShownAndItsButtonReturned) {
+    kvhost::Answers::QueueButton(IDOK);
+    EXPECT_EQ(ShowCannotModifyDialog(L"ZRB.KvPEXCtl.CannotModifyProperty", nullptr), IDOK);
+    EXPECT_EQ(kvhost::Answers::TakeShown().size(), 1U);
+}
+
+TEST_F(CannotModifyDialog, Refusal_IsShownWithAndWithoutFrame) {
+    const fw::WindowClass windowClass{.name = L"KvTestRefusalFrame"};
+    CWnd window;
+    window.Create(windowClass, L"", WS_POPUP, {0, 0, 10, 10}, nullptr);
+    const auto site = kvtest::FakeSite::Make(window, RECT{0, 0, 10, 10});
+    ShowEditRefusedDialog(control);
+    shell.site = site.Get();
+    ShowEditRefusedDialog(control);
+    EXPECT_EQ(kvhost::Answers::TakeShown().size(), 2U);
+    EXPECT_TRUE(window.IsWindow());
+}
+
+}  // namespace
