@@ -22,7 +22,7 @@ private:
 class LifeWatch {
 public:
 #pragma GCC diagnostic push
-#ifndef __clang__  // the linter does not know this warning
+#ifndef __clang__                                    // the linter does not know this warning
 #pragma GCC diagnostic ignored "-Wdangling-pointer"  // the destructor takes the pointer back
 #endif
     explicit LifeWatch(Watchable& object) : m_object(&object), m_outer(object.m_watches) {
