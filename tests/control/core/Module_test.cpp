@@ -72,6 +72,15 @@ TEST_F(Module, FirstControl_LoadsTheModuleIntoTheHost_SecondDoesNot) {
     EXPECT_TRUE(kvtest::CallsOnly(journal, {"kvrx"}).empty());
 }
 
+TEST(ModuleDetach, Satellite_StaysLoaded) {
+    {
+        const LoadedModule module;
+        ASSERT_NE(module.Handle(), nullptr);
+    }
+    EXPECT_EQ(::GetModuleHandleW(L"KvPEXCtl.qmx"), nullptr);
+    EXPECT_NE(::GetModuleHandleW(L"KvPEXCtlRes.dll"), nullptr);
+}
+
 TEST_F(Module, CanUnloadNow_OnlyWithoutAControl) {
     EXPECT_EQ(module.CanUnloadNow(), S_OK);
     {

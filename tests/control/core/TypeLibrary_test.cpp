@@ -8,6 +8,12 @@
 
 namespace {
 
+IID IdOf(const wchar_t* text) {
+    IID id{};
+    EXPECT_EQ(::IIDFromString(text, &id), S_OK);
+    return id;
+}
+
 class TypeLibrary : public ::testing::Test {
 protected:
     TypeLibrary() {
@@ -123,13 +129,70 @@ TEST_F(TypeLibrary, NumericType_HasItsSevenValues) {
     }
 }
 
-TEST_F(TypeLibrary, Interfaces_AreAllThere) {
-    for (const IID& id :
-         {__uuidof(IKvPeNumericEditor), __uuidof(IKvPeVariantCtrl), __uuidof(IKvPeColorCtrl),
-          __uuidof(IKvPeSpinCtrl), __uuidof(IKvPeNoPickVariantRW), __uuidof(IKvPeButtonEditCtrl),
-          __uuidof(IKvPeButtonPicture), __uuidof(IKvPePick2PointsCtrl), __uuidof(IKvPeCalculatorCtrl),
-          __uuidof(IKvPiPropertyEditControl), __uuidof(IKvPiPropertyEditControl2),
-          __uuidof(IKvPiPropertyEditEventsSink), __uuidof(IKvPiPropertyEditEventsSink2)}) {
+// Ids and operations as clients have compiled them in; a put has "=" at its end.
+struct PublishedInterface {
+    const wchar_t* name;
+    const wchar_t* id;
+    std::vector<std::string> operations;
+};
+
+const PublishedInterface s_publishedInterfaces[] = {
+    {L"IKvPeNumericEditor", L"{AD52023A-9B0D-44C8-AD8A-B28250858222}", {"SetNumericDataType"}},
+    {L"IKvPeVariantCtrl",
+     L"{2A5B57E5-7B4F-4FEE-B36B-FF636468ED91}",
+     {"SetDwCookies", "SetGroupOffset", "SetElementCount"}},
+    {L"IKvPeColorCtrl",
+     L"{3C308511-9949-46F3-93A5-76D23A633E11}",
+     {"SetNoMetaColor", "SetAllowNoneColor", "SetFixedForeground"}},
+    {L"IKvPeSpinCtrl", L"{4132B288-9018-4690-BDFD-58A0EB2F3D27}", {"SetControls"}},
+    {L"IKvPeNoPickVariantRW", L"{FFDC513D-B298-4D51-ACA7-8384F1196650}", {"SetAlwaysRW"}},
+    {L"IKvPeButtonEditCtrl",
+     L"{5295B0C4-94A0-4167-BA90-1C61A868E269}",
+     {"DefaultPicture=", "DefaultPicture", "DisabledPicture=", "DisabledPicture"}},
+    {L"IKvPeButtonPicture",
+     L"{6395B0C4-94A0-4167-BA90-1C61A868E269}",
+     {"DefaultPicture=", "DefaultPicture", "DisabledPicture=", "DisabledPicture"}},
+    {L"IKvPePick2PointsCtrl", L"{01500220-9289-41BE-9A2E-F300A84598B0}", {"SetPrompts"}},
+    {L"IKvPeCalculatorCtrl", L"{0AED2050-3838-4C85-A816-BA5CC5604999}", {"SetCalculatorMode"}},
+};
+
+TEST_F(TypeLibrary, SmallInterfaces_AreThoseThatClientsKnow) {
+    for (const PublishedInterface& published : s_publishedInterfaces) {
+        const fw::ComPtr<ITypeInfo> info = InfoOf(IdOf(published.id));
+        ASSERT_NE(info, nullptr) << kvtest::ToUtf8(published.name);
+        fw::Bstr name;
+        EXPECT_EQ(info->GetDocumentation(MEMBERID_NIL, name.Put(), nullptr, nullptr, nullptr), S_OK);
+        EXPECT_EQ(name.View(), published.name);
+        std::vector<std::string> operations;
+        TYPEATTR* attributes = nullptr;
+        ASSERT_EQ(info->GetTypeAttr(&attributes), S_OK);
+        EXPECT_EQ(attributes->typekind, TKIND_INTERFACE);
+        for (UINT index = 0; index < attributes->cFuncs; ++index) {
+            FUNCDESC* function = nullptr;
+            ASSERT_EQ(info->GetFuncDesc(index, &function), S_OK);
+            fw::Bstr operation;
+            EXPECT_EQ(info->GetDocumentation(function->memid, operation.Put(), nullptr, nullptr, nullptr),
+                      S_OK);
+            operations.push_back(kvtest::ToUtf8(operation.View()) +
+                                 (function->invkind == INVOKE_PROPERTYPUT ? "=" : ""));
+            info->ReleaseFuncDesc(function);
+        }
+        info->ReleaseTypeAttr(attributes);
+        EXPECT_EQ(operations, published.operations) << kvtest::ToUtf8(published.name);
+    }
+}
+
+TEST_F(TypeLibrary, ControlAndSink_HaveTheIdsThatClientsKnow) {
+    EXPECT_TRUE(
+        ::IsEqualIID(__uuidof(IKvPiPropertyEditControl), IdOf(L"{6371C569-72C0-43A0-A457-1E9D2EB9201E}")));
+    EXPECT_TRUE(
+        ::IsEqualIID(__uuidof(IKvPiPropertyEditControl2), IdOf(L"{FB6BE6DF-75C6-4F7C-9434-9B49AF5D9868}")));
+    EXPECT_TRUE(
+        ::IsEqualIID(__uuidof(IKvPiPropertyEditEventsSink), IdOf(L"{5D6FA1C4-61B7-43C6-9050-DC24B92F4745}")));
+    EXPECT_TRUE(::IsEqualIID(__uuidof(IKvPiPropertyEditEventsSink2),
+                             IdOf(L"{355AD1D1-59EC-49AF-BB77-064C54F0AB00}")));
+    for (const IID& id : {__uuidof(IKvPiPropertyEditControl), __uuidof(IKvPiPropertyEditControl2),
+                          __uuidof(IKvPiPropertyEditEventsSink), __uuidof(IKvPiPropertyEditEventsSink2)}) {
         EXPECT_NE(InfoOf(id), nullptr);
     }
 }

@@ -116,6 +116,23 @@ TEST_F(CKvPeCtrlBase_WriteSteps, Dispid_ExpressionThatIsNoText_ReturnsArgumentEr
     EXPECT_CALLS(Steps(), "kvedDisableUsrbrk", "kvedEnableUsrbrk");
 }
 
+TEST_F(CKvPeCtrlBase_WriteSteps, Dispid_Expression_AlsoClearsTheUnspecifiedStateFirst) {
+    MakeWithState(L"A", kvhost::OffersUnspecified | kvhost::OffersExpression);
+    SelectAll();
+    control.m_allowUnspecified = true;
+    EXPECT_EQ(WriteText(L"a+b", ValueType_Expression), S_OK);
+    EXPECT_CALLS(Steps(), "kvedDisableUsrbrk", "IsUnspecifiedAllowed A 5", "SetUnspecified A 5 0",
+                 "IsExpressionSupported A 5", "SetExpression A 5 a+b", "kvedEnableUsrbrk");
+}
+
+TEST_F(CKvPeCtrlBase_WriteSteps, RefusedObject_IsNotUpdated) {
+    MakeObject(L"A", L"same", kvhost::OffersUpdate).At(c_property).putResult = E_ACCESSDENIED;
+    MakeObject(L"B", L"same", kvhost::OffersUpdate);
+    Select(SelectionArrays().Add(objects[0].Get()).AddDynamic(objects[1].Get(), &MakeRefusing(L"P")));
+    EXPECT_EQ(WriteText(L"new"), S_OK);
+    EXPECT_TRUE(kvtest::CallsOnly(journal, {"Update"}).empty());
+}
+
 TEST_F(CKvPeCtrlBase_WriteSteps, Dispid_UpdateFails_IsTheResult) {
     MakeObject(L"A", L"same", kvhost::OffersUpdate).updateResult = E_ACCESSDENIED;
     SelectAll();
@@ -135,6 +152,42 @@ TEST_F(CKvPeCtrlBase_WriteSteps, Dispid_FailureWithoutException_LastsUntilTheNex
     EXPECT_EQ(WriteText(L"new"), E_ACCESSDENIED);
     EXPECT_EQ(control.m_failedObjectCount, 0);
     EXPECT_TRUE(Messages().empty());
+}
+
+// The form of the automation calls
+
+// Notes each call's arguments: "Invoke dispid locale flags arguments named name".
+class StrictObject final : public IDispatch {
+public:
+    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
+        const bool isKnown = id == IID_IUnknown || id == IID_IDispatch;
+        *object = isKnown ? static_cast<IDispatch*>(this) : nullptr;
+        return isKnown ? S_OK : E_NOINTERFACE;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
+    STDMETHODIMP_(ULONG) Release() override { return 1; }
+    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+    STDMETHODIMP Invoke(DISPID dispid, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* parameters,
+                        VARIANT* result, EXCEPINFO* exception, UINT* argument) override {
+        EXPECT_TRUE(::IsEqualIID(reserved, IID_NULL));
+        EXPECT_NE(exception, nullptr);
+        EXPECT_EQ(argument, nullptr);
+        EXPECT_EQ(result != nullptr, flags == DISPATCH_PROPERTYGET);
+        kvtest::Note(L"Invoke", dispid, locale, flags, parameters->cArgs, parameters->cNamedArgs,
+                     parameters->cNamedArgs == 1 ? parameters->rgdispidNamedArgs[0] : 0);
+        return S_OK;
+    }
+};
+
+TEST_F(CKvPeCtrlBase_WriteSteps, AutomationCalls_HaveTheFormThatServersExpect) {
+    StrictObject object;
+    Select(SelectionArrays().Add(&object, 7));
+    EXPECT_EQ(Read(), S_OK);
+    EXPECT_EQ(WriteText(L"new"), S_OK);
+    EXPECT_CALLS(kvtest::CallsOnly(journal, {"Invoke"}), "Invoke 7 1024 2 0 0 0", "Invoke 7 1024 4 1 1 -3");
+    EXPECT_EQ(control.Cleanup(), S_OK);
 }
 
 // Failures of dispid entries

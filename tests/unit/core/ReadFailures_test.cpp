@@ -122,6 +122,17 @@ TEST_F(ReadFailures, ValuelessFurtherObject_VariesFromText) {
     EXPECT_EQ(type, ValueType_Varies);
 }
 
+TEST_F(ReadFailures, Exception_OfFirstObjectIsJudgedBehindItsExpression_OfFurtherOnesBefore) {
+    const unsigned interfaces = kvhost::OffersIdentity | kvhost::OffersExpression;
+    Select(SelectionArrays()
+               .Add(&MakeRaising(L"A", c_noValue, c_valueless1, 10, interfaces), 10)
+               .Add(&MakeRaising(L"B", c_noValue, c_valueless1, 10, interfaces), 10));
+    EXPECT_EQ(Read(), S_OK);
+    EXPECT_EQ(type, ValueType_Varies);  // empty values never compare equal
+    EXPECT_CALLS(journal, "Invoke A get 10", "IsExpressionSupported A 10", "GetClassId A", "Invoke B get 10",
+                 "GetClassId B", "IsExpressionSupported B 10");
+}
+
 TEST_F(ReadFailures, Predicate_NullObject_IsNotTolerated) {
     ValueType outcome = ValueType_Specific;
     EXPECT_FALSE(IsToleratedReadFailure(DISP_E_EXCEPTION, c_partsDisagree, nullptr, 1, outcome));

@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <array>
+#include <string_view>
+#include <utility>
+
 #include "framework/com/Variant.h"
 #include "host_sdk/IHostApplication.h"
 #include "host_sdk/IKvPiPropertyIdentifier.h"
@@ -7,6 +11,11 @@
 #include "host_sdk/IPropertyDialogByObjects.h"
 #include "host_sdk/IPropertyElementAccess.h"
 #include "host_sdk/IPropertyElementAccess2.h"
+#include "host_sdk/KvApDocument.h"
+#include "host_sdk/KvDbUndoController.h"
+#include "host_sdk/KvRxClass.h"
+#include "host_sdk/KvRxDictionary.h"
+#include "host_sdk/KvRxDynamicLinker.h"
 #include "refhost/testing/ScriptedDynamicProperty.h"
 #include "refhost/testing/ScriptedObject.h"
 #include "tests/support/ExpectCalls.h"
@@ -233,6 +242,103 @@ TEST(InterfaceSlots, ElementAccessWithObject) {
     EXPECT_EQ(access.reached, "Size");
     CallSlot(&access, 7, 1L, object, static_cast<long*>(nullptr));
     EXPECT_EQ(access.reached, "Count");
+}
+
+// And by their ids.
+TEST(InterfaceIds, AreThoseThatOtherModulesKnow) {
+    const std::pair<IID, std::wstring_view> rows[] = {
+        {__uuidof(IPropertyUnspecifiedSupport), L"{63ECCF04-51B1-4FE1-972C-9EFD420ADEF4}"},
+        {__uuidof(IPropertyExpressionSupport), L"{214D0B04-B4BF-4D7C-A2B8-364E945EF311}"},
+        {__uuidof(IPropertyEditability), L"{1236EAA4-7715-11D1-A2DA-0060B06B2D46}"},
+        {__uuidof(IDynamicProperty), L"{8B384028-ACA9-11D1-A2B4-080009DC639A}"},
+        {__uuidof(IDynamicPropertyByObject), L"{9CAF41C2-CA86-4FFB-B05A-AC43C424D076}"},
+        {__uuidof(IDatabaseObjectIdentity), L"{5F3C54C0-49E1-11CF-93D5-0800099EB3B7}"},
+        {__uuidof(ITransientObjectIdentity), L"{B374D885-EECE-4138-8C82-3FB20C538788}"},
+        {__uuidof(IGraphicalObjectUpdate), L"{2122AAFA-E832-4CFC-B50D-02C87486AEB9}"},
+        {__uuidof(IDynamicPropertyDialog), L"{8B384028-ACB2-11D1-A2B4-080009DC639A}"},
+        {__uuidof(IHostApplication), L"{070AA05D-DFC1-4E64-8379-432269B48B07}"},
+        {__uuidof(IPropertyDialogByObjects), L"{9F82F13D-C850-444A-980C-B5EDC6679F4A}"},
+        {__uuidof(IPropertyDialogByIds), L"{8B384029-ACB0-11D1-A2B4-080009DC639A}"},
+        {__uuidof(IPropertyElementAccess), L"{5D535710-D49A-11D1-B616-0060B087E235}"},
+        {__uuidof(IPropertyElementAccess2), L"{D0F45FEB-71D5-44EA-B1A0-6E2F27B2085D}"},
+    };
+    for (const auto& [id, published] : rows) {
+        std::array<wchar_t, 40> text{};
+        ::StringFromGUID2(id, text.data(), static_cast<int>(text.size()));
+        EXPECT_EQ(std::wstring_view(text.data()), published);
+    }
+}
+
+// The host's own classes are reached by position too.
+template <class Result, class... Arguments>
+Result CallClassSlot(void* object, std::size_t slot, Arguments... arguments) {
+    using Operation = Result (*)(void*, Arguments...);
+    void** const table = *static_cast<void***>(object);
+    return reinterpret_cast<Operation>(table[slot])(object, arguments...);
+}
+
+TEST(ClassSlots, UndoController) {
+    struct Controller final : KvDbUndoController {
+        std::string reached;
+        Tolm::ErrorStatus undo(int count) override {
+            reached = "undo " + std::to_string(count);
+            return Tolm::eOk;
+        }
+        Tolm::ErrorStatus undoGroup(int code, const wchar_t*) override {
+            reached = "undoGroup " + std::to_string(code);
+            return Tolm::eOk;
+        }
+    } controller;
+    EXPECT_EQ(CallClassSlot<Tolm::ErrorStatus>(&controller, 5, 1), Tolm::eOk);
+    EXPECT_EQ(controller.reached, "undo 1");
+    EXPECT_EQ(CallClassSlot<Tolm::ErrorStatus>(&controller, 9, 8, L"text"), Tolm::eOk);
+    EXPECT_EQ(controller.reached, "undoGroup 8");
+}
+
+TEST(ClassSlots, DocumentAndManager) {
+    struct Document final : KvApDocument {
+        KvDbDatabase* drawing = nullptr;
+        KvDbDatabase* database() const override { return drawing; }
+        bool isQuiescent() const override { return true; }
+    } document;
+    int somewhere = 0;
+    document.drawing = reinterpret_cast<KvDbDatabase*>(&somewhere);
+    EXPECT_EQ(CallClassSlot<void*>(&document, 10), &somewhere);
+    EXPECT_TRUE(CallClassSlot<bool>(&document, 14));
+
+    struct Manager final : KvApDocManager {
+        KvApDocument* current = nullptr;
+        KvApDocument* curDocument() const override { return current; }
+    } manager;
+    manager.current = &document;
+    EXPECT_EQ(CallClassSlot<KvApDocument*>(&manager, 7), &document);
+}
+
+TEST(ClassSlots, DictionaryAndDynamicLinker) {
+    struct Linker final : KvRxDynamicLinker {
+        std::string reached;
+        KvRxClass* isA() const override { return KvRxDynamicLinker::desc(); }
+        bool unlockApplication(void*) override {
+            reached = "unlockApplication";
+            return true;
+        }
+        bool registerAppMDIAware(void*) override {
+            reached = "registerAppMDIAware";
+            return true;
+        }
+    } linker;
+    EXPECT_TRUE(CallClassSlot<bool>(&linker, 19, static_cast<void*>(nullptr)));
+    EXPECT_EQ(linker.reached, "unlockApplication");
+    EXPECT_TRUE(CallClassSlot<bool>(&linker, 21, static_cast<void*>(nullptr)));
+    EXPECT_EQ(linker.reached, "registerAppMDIAware");
+
+    struct Dictionary final : KvRxDictionary {
+        KvRxObject* entry = nullptr;
+        KvRxClass* isA() const override { return KvRxObject::desc(); }
+        KvRxObject* at(const wchar_t*) const override { return entry; }
+    } dictionary;
+    dictionary.entry = &linker;
+    EXPECT_EQ(CallClassSlot<KvRxObject*>(&dictionary, 8, L"DynamicLinker"), &linker);
 }
 
 }  // namespace
