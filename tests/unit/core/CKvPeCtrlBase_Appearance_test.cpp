@@ -198,6 +198,16 @@ TEST_F(CKvPeCtrlBase_Appearance, StringWidth_IsThatOfTheFont) {
     EXPECT_GT(longer, 80);
 }
 
+TEST_F(CKvPeCtrlBase_Appearance, StringWidth_Ampersand_IsNoPrefix) {
+    shell.window = window;
+    EXPECT_EQ(control.Handle_put_Font(MakeFont().Get()), S_OK);
+    int with = 0;
+    int without = 0;
+    EXPECT_EQ(control.GetStringWidth(L"a&b", &with), S_OK);
+    EXPECT_EQ(control.GetStringWidth(L"ab", &without), S_OK);
+    EXPECT_GT(with, without);
+}
+
 TEST_F(CKvPeCtrlBase_Appearance, StringWidth_EmptyText_LeavesTheWidthUnset) {
     shell.window = window;
     EXPECT_EQ(control.Handle_put_Font(MakeFont().Get()), S_OK);
