@@ -66,10 +66,10 @@ TEST_F(CTemporaryResourceOverrideTest, Scope_IsDestroyedThroughItsBase) {
 
 TEST_F(CTemporaryResourceOverrideTest, Satellite_HoldsTheTexts) {
     const CTemporaryResourceOverride resources;
-    for (const UINT id :
+    for (const int id :
          {IDS_DIALOG_CLASS_NOT_REGISTERED, IDS_UNDO_PROPERTY_CHANGE, IDS_VARIES_TEXT, IDS_UNSPECIFIED_TEXT}) {
         CString text;
-        EXPECT_TRUE(text.LoadString(id)) << id;
+        EXPECT_TRUE(text.LoadString(static_cast<UINT>(id))) << id;
         EXPECT_FALSE(text.IsEmpty()) << id;
     }
 }
