@@ -135,7 +135,8 @@ unsigned FlagsOf(const DynamicAttributeKind& kind) {
 }
 
 void AppendDynamicRows(const std::vector<Subject>& subjects, std::vector<PropertyRow>& rows) {
-    for (const auto& [name, text] : subjects.front().object->CustomAttributes()) {
+    for (const auto& attribute : subjects.front().object->CustomAttributes()) {
+        const std::wstring& name = attribute.first;
         const bool allHaveIt = std::all_of(subjects.begin(), subjects.end(), [&](const Subject& subject) {
             return subject.object->CustomAttribute(name) != nullptr;
         });

@@ -170,10 +170,8 @@ TEST_F(PropertyRowsTest, DynamicForms_FollowTheKindOfTheAttribute) {
 }
 
 TEST_F(PropertyRowsTest, ThousandObjects_ShareOneRow) {
-    std::vector<KvDbObjectId> ids;
-    for (int i = 0; i < 1000; ++i) {
-        ids.push_back(Add<Circle>());
-    }
+    std::vector<KvDbObjectId> ids(1000);
+    std::generate(ids.begin(), ids.end(), [this] { return Add<Circle>(); });
     const auto rows = kvhost::RowsOf(ids);
     EXPECT_EQ(rows.size(), 11U);
     EXPECT_EQ(rows.front().entries.size(), 1000U);

@@ -6,7 +6,6 @@
 
 namespace {
 
-using kvhost::Answer;
 using kvhost::Answers;
 
 class AnswersTest : public ::testing::Test {
