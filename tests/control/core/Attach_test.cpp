@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/CTemporaryResourceOverride.h"
+#include "core/ModuleTexts.h"
 #include "core/Satellite.h"
 #include "framework/base/Handles.h"
 #include "framework/base/MessageBox.h"
@@ -45,6 +46,26 @@ TEST(ModuleAttach, ResourceScopeWithoutSatellite_LeavesTheHandle) {
         EXPECT_EQ(state.m_hCurrentResourceHandle, handle);
     }
     state.m_hCurrentResourceHandle = former;
+}
+
+// Stays the last one: a satellite that was found is kept until the program ends.
+TEST(ModuleTexts, EmptyOnes_AreLoadedAgainOnceTheSatelliteIsThere) {
+    ASSERT_EQ(KvPeSatellite(), nullptr);
+    LoadValueTexts();
+    EXPECT_TRUE(VariesText().IsEmpty());
+    EXPECT_TRUE(DefaultUnspecifiedText().IsEmpty());
+    EXPECT_TRUE(UndoPropertyChangeText().IsEmpty());
+
+    // Loaded by its path, it is found by its name.
+    const std::wstring path = kvtest::BesideProgram(L"..\\bin\\KvPEXCtlRes.dll");
+    const fw::UniqueModule satellite(::LoadLibraryW(path.c_str()));
+    ASSERT_TRUE(satellite);
+    ASSERT_TRUE(LoadKvPeSatellite(::GetModuleHandleW(nullptr)));
+    EXPECT_TRUE(VariesText().IsEmpty());
+    LoadValueTexts();
+    EXPECT_EQ(VariesText(), L"*VARIES*");
+    EXPECT_EQ(DefaultUnspecifiedText(), L"<Unspecified>");
+    EXPECT_EQ(UndoPropertyChangeText(), L"Property change");
 }
 
 }  // namespace
