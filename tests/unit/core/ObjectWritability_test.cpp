@@ -2,6 +2,8 @@
 
 #include "refhost/db/Attribute.h"
 #include "refhost/db/BlockReference.h"
+#include "refhost/db/ScopedOpen.h"
+#include "refhost/db/Text.h"
 #include "refhost/db/WorkingSet.h"
 #include "refhost/testing/Faults.h"
 #include "tests/unit/core/ControlBench.h"
@@ -67,6 +69,16 @@ TEST_F(ObjectWritability, Entity_IsOpenedLookedAtAndClosed) {
 TEST_F(ObjectWritability, ObjectThatIsNoEntity_CountsAsWritable) {
     ScriptedObject& object = MakeObject(L"A", L"", kvhost::OffersIdentity);
     object.objectId = Drawing().LayerTableId();
+    EXPECT_EQ(IsObjectWritable(&object), E_FAIL);
+}
+
+TEST_F(ObjectWritability, ErasedEntity_IsNotOpenedAndCountsAsWritable) {
+    ScriptedObject& object = MakeWithEntity(L"A");
+    LockLayerOf(object.objectId);
+    {
+        const kvhost::ScopedOpen<kvhost::Text> text(object.objectId, KvDb::kForWrite);
+        ASSERT_EQ(text->Erase(true), Tolm::eOk);
+    }
     EXPECT_EQ(IsObjectWritable(&object), E_FAIL);
 }
 
