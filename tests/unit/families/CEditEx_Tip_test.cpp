@@ -41,8 +41,17 @@ TEST_F(EditBoxTip, MouseMove_ReadOnlyBoxTooNarrow_ShowsTheTipWithRoomForTheText)
     int width = 0;
     ASSERT_EQ(row->GetTextTipWidth(width), S_OK);
     EXPECT_EQ(tip.Width(), width + 5);
-    EXPECT_EQ(tip.left, Edit().GetWindowRect().left);
+    EXPECT_EQ(tip.TopLeft(), Edit().GetWindowRect().TopLeft());
+    EXPECT_EQ(tip.Height(), Edit().GetWindowRect().Height());
     EXPECT_TRUE(kvtest::PumpUntil([] { return ::IsWindowVisible(Tip()) != FALSE; }));
+}
+
+TEST_F(EditBoxTip, MouseMove_WritableBoxOutOfEdit_ShowsTheTip) {
+    row->m_text = L"a text that is by far too long for a row of this width";
+    Open();
+    row->m_state = EditState_Shown;
+    MoveMouse();
+    EXPECT_TRUE(TipIsPlaced());
 }
 
 TEST_F(EditBoxTip, MouseMove_ReadOnlyBoxWideEnough_ShowsNoTip) {

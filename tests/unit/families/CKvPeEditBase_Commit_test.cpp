@@ -113,11 +113,24 @@ TEST_F(EditRowCommit, EndEdit_ReadAfterTheWriteFails_KeepsTheEnteredText) {
 }
 
 TEST_F(EditRowCommit, EndEdit_AnyOutcome_PointsTheTipToTheRow) {
+    const auto expectPointed = [&](const char* outcome) {
+        row->m_textTip.SetOwner(Edit().m_hWnd, window);
+        EXPECT_EQ(row->EndEdit(), S_OK);
+        EXPECT_EQ(row->m_textTip.GetOwner(), window.m_hWnd) << outcome;
+        EXPECT_EQ(row->m_textTip.GetOwnerParent(), frame.m_hWnd) << outcome;
+    };
     Open();
     EXPECT_EQ(row->m_textTip.GetOwner(), Edit().m_hWnd);
-    EXPECT_EQ(row->EndEdit(), S_OK);
-    EXPECT_EQ(row->m_textTip.GetOwner(), window.m_hWnd);
-    EXPECT_EQ(row->m_textTip.GetOwnerParent(), frame.m_hWnd);
+    expectPointed("unchanged");
+    Type(L"beta");
+    Edit().SetReadOnly(TRUE);
+    expectPointed("read-only");
+    Edit().SetReadOnly(FALSE);
+    expectPointed("written");
+    row->script.writeResult = E_FAIL;
+    Type(L"gamma");
+    expectPointed("refused");
+    EXPECT_CALLS(journal, "write 0 beta", "read", "write 0 gamma");
 }
 
 TEST_F(EditRowCommit, EndEdit_PaletteDeactivatesTheRowMeanwhile_RowStaysOutOfEdit) {

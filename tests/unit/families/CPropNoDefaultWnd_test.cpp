@@ -60,6 +60,23 @@ TEST_F(UnspecifiedHint, Hide_TakesItAway) {
     EXPECT_TRUE(IsShown());
 }
 
+TEST_F(UnspecifiedHint, Hide_StopsTheTimer) {
+    Open();
+    EXPECT_TRUE(::KillTimer(Hint(), 2));
+    Edit().ShowUnspecifiedHint(true);
+    Edit().ShowUnspecifiedHint(false);
+    EXPECT_FALSE(::KillTimer(Hint(), 2));
+}
+
+TEST_F(UnspecifiedHint, ShowAgain_OffersTheTextOfNow) {
+    Open();
+    row->m_unspecifiedText = L"not known";
+    Edit().ShowUnspecifiedHint(true);
+    wchar_t text[40]{};
+    ::GetWindowTextW(Hint(), text, 40);
+    EXPECT_STREQ(text, L"not known");
+}
+
 TEST_F(UnspecifiedHint, Timer_RowMoved_TakesItAway) {
     Open();
     frame.MoveWindow(130, 140, 300, 200);
