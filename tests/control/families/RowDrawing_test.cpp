@@ -19,6 +19,7 @@ protected:
 TEST_F(RowDrawing, View_WithoutAWindow_DrawsGroundAndText) {
     Create(CLSID_KvPePropertyEditorText);
     ASSERT_EQ(InitEdit({&MakeObject(L"A", L"alpha")}), S_OK);
+    GiveFont();
     EXPECT_EQ(control->put_ForeColor(RGB(1, 2, 3)), S_OK);
     EXPECT_EQ(control->put_BackColor(RGB(4, 5, 6)), S_OK);
     const auto drawn = Draw({0, 0, 120, 20});

@@ -16,19 +16,6 @@ protected:
         return place;
     }
 
-    void GiveFont() {
-        FONTDESC description{.cbSizeofstruct = sizeof(FONTDESC),
-                             .lpstrName = const_cast<wchar_t*>(L"Tahoma"),
-                             .cySize = {.int64 = 82500},
-                             .sWeight = FW_NORMAL,
-                             .sCharset = DEFAULT_CHARSET,
-                             .fItalic = FALSE,
-                             .fUnderline = FALSE,
-                             .fStrikethrough = FALSE};
-        fw::ComPtr<IFont> font;
-        ASSERT_EQ(::OleCreateFontIndirect(&description, IID_IFont, font.PutVoid()), S_OK);
-        ASSERT_EQ(control->put_Font(font.Get()), S_OK);
-    }
     void ShowTip() {
         kvtest::MovePointerTo(Row(), {5, 5});
         ::SendMessageW(Row(), WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));

@@ -3,6 +3,8 @@
 #include "framework/com/SafeArray.h"
 #include "framework/window/MainWindow.h"
 #include "tests/support/LeakCheck.h"
+#include "tests/support/RowWarmUp.h"
+#include "tests/support/WarmUp.h"
 
 namespace kvtest {
 namespace {
@@ -11,6 +13,7 @@ const LeakCounter s_objects("scripted objects", kvhost::ScriptedObject::LiveCoun
 const LeakCounter s_sites("sites", FakeSite::LiveCount);
 const LeakCounter s_frames("frames", FakeFrame::LiveCount);
 const LeakCounter s_sinks("sinks", RecordingSink::LiveCount);
+const WarmUpStep s_rows(&WarmUpRows);
 
 const fw::WindowClass s_windowClass{.name = L"KvTestContainer"};
 
@@ -77,6 +80,18 @@ HRESULT RowContainer::InitEdit(const std::vector<IDispatch*>& selection, bool re
 
 HRESULT RowContainer::DoVerb(LONG verb) {
     return As<IOleObject>()->DoVerb(verb, nullptr, site.Get(), 0, frame, &c_place);
+}
+
+void RowContainer::GiveFont() {
+    FONTDESC description{};
+    description.cbSizeofstruct = sizeof description;
+    description.lpstrName = const_cast<wchar_t*>(L"Tahoma");
+    description.cySize.int64 = 82500;
+    description.sWeight = FW_NORMAL;
+    description.sCharset = DEFAULT_CHARSET;
+    fw::ComPtr<IFont> font;
+    ASSERT_EQ(::OleCreateFontIndirect(&description, IID_IFont, font.PutVoid()), S_OK);
+    ASSERT_EQ(control->put_Font(font.Get()), S_OK);
 }
 
 void RowContainer::UIActivate() {

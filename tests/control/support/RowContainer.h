@@ -36,6 +36,8 @@ protected:
     void CreateTextRow(const std::vector<const wchar_t*>& texts, bool readOnly = false);
     HRESULT InitEdit(const std::vector<IDispatch*>& objects, bool readOnly = false);
     HRESULT DoVerb(LONG verb);
+    /// Gives the row the palette's font.
+    void GiveFont();
     /// As if the user had moved to the row.
     void UIActivate();
     /// Ends and lets go of the control, as the palette does with its rows.

@@ -11,6 +11,7 @@ INPUT KeyInput(WORD key, DWORD flags) {
     INPUT input{};
     input.type = INPUT_KEYBOARD;
     input.ki.wVk = key;
+    input.ki.wScan = static_cast<WORD>(::MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
     input.ki.dwFlags = flags;
     return input;
 }

@@ -8,6 +8,27 @@ namespace {
 class EditRowEdit : public kvtest::RowBench<CPropertyEditorText> {
 protected:
     // The styles that we ask for, less what the system adds or changes with the window's state.
+    // The formatting rectangle that the box is told; what it makes of it is the system's.
+    CRect RectTold(const RECT& bounds) {
+        CRect told;
+        ::SetWindowSubclass(Edit().m_hWnd, &NoteRect, 1, reinterpret_cast<DWORD_PTR>(&told));
+        EXPECT_EQ(row->Handle_SetObjectRects(&bounds, &bounds), S_OK);
+        ::RemoveWindowSubclass(Edit().m_hWnd, &NoteRect, 1);
+        return told;
+    }
+    int LineHeight() {
+        const fw::WindowDc dc(Edit().m_hWnd);
+        const fw::ScopedSelect font(dc, row->FontHandle());
+        return EditRowPainter::LineHeight(dc, L"alpha");
+    }
+    static LRESULT CALLBACK NoteRect(HWND box, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                     DWORD_PTR told) {
+        if (message == EM_SETRECT) {
+            *reinterpret_cast<CRect*>(told) = *reinterpret_cast<const RECT*>(lParam);
+        }
+        return ::DefSubclassProc(box, message, wParam, lParam);
+    }
+
     DWORD EditStyle() { return Edit().GetStyle() & ~static_cast<DWORD>(WS_VISIBLE | WS_CLIPSIBLINGS); }
 };
 
@@ -182,37 +203,34 @@ TEST_F(EditRowEdit, DoubleClick_ReadOnly_Stops) {
     EXPECT_FALSE(row->m_edit);
 }
 
-TEST_F(EditRowEdit, SetObjectRects_InEdit_SizesTheBoxAndCentresItsLine) {
+TEST_F(EditRowEdit, SetObjectRects_InEdit_SizesTheBox) {
     Open();
     const RECT bounds = {50, 60, 250, 91};
     EXPECT_EQ(row->Handle_SetObjectRects(&bounds, &bounds), S_OK);
     CRect place = Edit().GetWindowRect();
     window.ScreenToClient(&place);
     EXPECT_EQ(place, CRect(0, 0, 200, 31));
-    const fw::WindowDc dc(Edit().m_hWnd);
-    const fw::ScopedSelect font(dc, row->FontHandle());
-    const int lineHeight = EditRowPainter::LineHeight(dc, L"alpha");
-    EXPECT_EQ(Edit().GetRect().top, (31 - lineHeight) / 2);
-    EXPECT_EQ(Edit().GetRect().left, 2);
+}
+
+TEST_F(EditRowEdit, SetObjectRects_OddHeight_LineStandsInTheMiddle) {
+    Open();
+    EXPECT_EQ(RectTold({0, 0, 200, 31}), CRect(2, (31 - LineHeight()) / 2, 200, 31));
 }
 
 TEST_F(EditRowEdit, SetObjectRects_EvenHeight_LineStandsOneLower) {
     Open();
-    const RECT bounds = {0, 0, 200, 30};
-    EXPECT_EQ(row->Handle_SetObjectRects(&bounds, &bounds), S_OK);
-    const fw::WindowDc dc(Edit().m_hWnd);
-    const fw::ScopedSelect font(dc, row->FontHandle());
-    const int lineHeight = EditRowPainter::LineHeight(dc, L"alpha");
-    EXPECT_EQ(Edit().GetRect().top, (30 - lineHeight) / 2 + 1);
+    EXPECT_EQ(RectTold({0, 0, 200, 30}), CRect(2, (30 - LineHeight()) / 2 + 1, 200, 30));
+}
+
+TEST_F(EditRowEdit, SetObjectRects_RowLowerThanALine_LineStartsAtTheTop) {
+    Open();
+    EXPECT_EQ(RectTold({0, 0, 200, 5}).top, 0);
 }
 
 TEST_F(EditRowEdit, SetObjectRects_EmptyText_LineIsWhereATextWouldBe) {
     row->m_text.Empty();
     Open();
-    const CRect empty = Edit().GetRect();
-    row->m_text = L"alpha";
-    EXPECT_EQ(row->Handle_SetObjectRects(&c_clientRect, &c_clientRect), S_OK);
-    EXPECT_EQ(Edit().GetRect(), empty);
+    EXPECT_EQ(RectTold({0, 0, 200, 31}), CRect(2, (31 - LineHeight()) / 2, 200, 31));
 }
 
 TEST_F(EditRowEdit, SetObjectRects_NotInEdit_LeavesTheBox) {

@@ -1,6 +1,7 @@
 #include "tests/unit/families/RowBench.h"
 
 #include "core/Satellite.h"
+#include "tests/support/RowWarmUp.h"
 #include "tests/support/WarmUp.h"
 
 namespace kvtest {
@@ -8,6 +9,7 @@ namespace {
 
 // Loaded once, as the module does at its attach.
 const WarmUpStep s_satellite([] { EXPECT_TRUE(LoadKvPeSatellite(::GetModuleHandleW(nullptr))); });
+const WarmUpStep s_rows(&WarmUpRows);
 
 }  // namespace
 
