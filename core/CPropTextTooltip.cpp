@@ -179,6 +179,9 @@ LRESULT CPropTextTooltip::OnFrameMouseButton(UINT message, WPARAM wParam, LPARAM
 
 void CPropTextTooltip::HandOn(UINT message, WPARAM wParam, POINT screenPoint) {
     HideTextTooltip();
+    if (!m_owner) {
+        return;  // a post to no window would go to the thread's loop
+    }
     CPoint point = screenPoint;
     ::ScreenToClient(m_owner, &point);
     ::PostMessageW(m_owner, message, wParam, point.Packed());
