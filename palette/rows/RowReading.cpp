@@ -11,6 +11,7 @@
 #include "host_sdk/IDynamicPropertyByObject.h"
 #include "host_sdk/IPropertyEditability.h"
 #include "host_sdk/IPropertyUnspecifiedSupport.h"
+#include "refhost/automation/PropertyAccess.h"
 
 namespace kvpalette {
 
@@ -18,6 +19,7 @@ namespace {
 
 using kvhost::PropertyRowEntry;
 
+constexpr wchar_t c_colorControl[] = L"KvPePropertyEditorColor";
 constexpr wchar_t c_variesText[] = L"*VARIES*";
 // Its length tells nothing of the value's.
 constexpr wchar_t c_maskedText[] = L"********";
@@ -180,6 +182,11 @@ std::wstring ReadingText(const kvhost::PropertyRow& row, const RowReading& readi
     const std::wstring text = ValueText(reading.value.Get());
     if (row.flags & kvhost::PropertyMasked) {
         return text.empty() ? text : c_maskedText;
+    }
+    kvhost::ColorValue color;
+    if (row.control == c_colorControl &&
+        kvhost::ColorFromNumber(reading.value.LongOr(-1), color) == Tolm::eOk) {
+        return color.Text();
     }
     if (reading.value.Is(VT_BSTR) || reading.value.Is(VT_R8) || row.entries.empty() ||
         IsDynamic(row.entries.front())) {

@@ -9,7 +9,7 @@ namespace kvpalette {
 Fonts::Fonts()
     : plain(MakeFont(theme::c_fontHeight, false)),
       bold(MakeFont(theme::c_fontHeight, true)),
-      title(MakeFont(theme::c_fontHeight + 3, true)) {
+      title(MakeFont(theme::c_fontHeight + 2, true)) {
 }
 
 fw::UniqueFont MakeFont(int height, bool bold, int angle) {

@@ -45,7 +45,7 @@ void DrawingPainter::PaintGridLines(double spacing, bool vertical, COLORREF colo
     const kvhost::Bounds visible = m_transform.Visible();
     const double first = vertical ? visible.left : visible.bottom;
     const double last = vertical ? visible.right : visible.top;
-    const fw::ScopedSelect pen(m_dc, PenFor(color, 1));
+    const fw::ScopedSelect pen(m_dc, PenFor(color));
     for (double at = std::ceil(first / spacing) * spacing; at <= last; at += spacing) {
         const int pixel = static_cast<int>(std::lround(vertical ? m_transform.ToX(at) : m_transform.ToY(at)));
         ::MoveToEx(m_dc, vertical ? pixel : 0, vertical ? 0 : pixel, nullptr);
@@ -89,9 +89,9 @@ void DrawingPainter::PaintShape(const Shape& shape, COLORREF color, int width) {
         ::SetPixelV(m_dc, pixel.x, pixel.y, color);
         return;
     }
-    const fw::ScopedSelect pen(m_dc, PenFor(color, width));
+    const fw::ScopedSelect pen(m_dc, PenFor(color));
     for (const Shape::Path& path : shape.paths) {
-        PaintPath(path);
+        PaintPath(path, width);
     }
     for (const Shape::Text& text : shape.texts) {
         PaintText(text, color);
@@ -101,7 +101,8 @@ void DrawingPainter::PaintShape(const Shape& shape, COLORREF color, int width) {
     }
 }
 
-void DrawingPainter::PaintPath(const Shape::Path& path) {
+// Wide pens cost ten times as much as thin ones: a wide line is drawn as thin ones beside each other.
+void DrawingPainter::PaintPath(const Shape::Path& path, int width) {
     m_pixels.clear();
     for (const kvhost::Point3& point : path.points) {
         const POINT pixel = ToPixel(point);
@@ -115,7 +116,11 @@ void DrawingPainter::PaintPath(const Shape::Path& path) {
     if (path.closed || m_pixels.size() == 1) {
         m_pixels.push_back(m_pixels.front());
     }
-    ::Polyline(m_dc, m_pixels.data(), static_cast<int>(m_pixels.size()));
+    for (int line = 0; line < width; ++line) {
+        ::Polyline(m_dc, m_pixels.data(), static_cast<int>(m_pixels.size()));
+        std::for_each(m_pixels.begin(), m_pixels.end(),
+                      [&](POINT& pixel) { ++(line % 2 == 0 ? pixel.x : pixel.y); });
+    }
 }
 
 void DrawingPainter::PaintText(const Shape::Text& text, COLORREF color) {
@@ -169,10 +174,10 @@ void DrawingPainter::PaintGrips(const Shape& shape) {
     std::for_each(shape.dots.begin(), shape.dots.end(), paint);
 }
 
-HPEN DrawingPainter::PenFor(COLORREF color, int width) {
-    fw::UniquePen& pen = m_pens[{color, width}];
+HPEN DrawingPainter::PenFor(COLORREF color) {
+    fw::UniquePen& pen = m_pens[color];
     if (!pen) {
-        pen.Reset(::CreatePen(PS_SOLID, width, color));
+        pen.Reset(::CreatePen(PS_SOLID, 1, color));
     }
     return pen.Get();
 }

@@ -282,6 +282,7 @@ LRESULT MainWindow::OnClose(UINT, WPARAM, LPARAM, BOOL&) {
 }
 
 LRESULT MainWindow::OnDestroy(UINT, WPARAM, LPARAM, BOOL& handled) {
+    LeaveDocument();  // while the windows of the controls are still there
     ::PostQuitMessage(0);
     handled = FALSE;
     return 0;
