@@ -1,0 +1,92 @@
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cwchar>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "benchmarks/Drawing.h"
+#include "benchmarks/Report.h"
+#include "benchmarks/Workloads.h"
+#include "core/Satellite.h"
+
+namespace {
+
+constexpr int c_sizes[] = {1, 100, 1000, 10000, 100000};
+
+constexpr const char* c_usage =
+    "kv_bench [--json FILE] [--max OBJECTS]\n"
+    "  Times a row's work beside the same host calls made directly and prints both.\n"
+    "  --json FILE    writes the figures to FILE, too\n"
+    "  --max OBJECTS  leaves out selections of more objects (100000)\n";
+
+struct Arguments {
+    std::wstring json;
+    int most = 100000;
+};
+
+bool ParseArguments(int count, wchar_t** texts, Arguments& arguments) {
+    for (int index = 1; index < count; index += 2) {
+        const std::wstring name = texts[index];
+        if (index + 1 == count) {
+            return false;
+        }
+        if (name == L"--json") {
+            arguments.json = texts[index + 1];
+        } else if (name == L"--max") {
+            arguments.most = static_cast<int>(std::wcstol(texts[index + 1], nullptr, 10));
+        } else {
+            return false;
+        }
+    }
+    return arguments.most >= 1;
+}
+
+std::vector<kvbench::Figure> MeasureAll(int most) {
+    std::vector<int> sizes;
+    for (const int size : c_sizes) {
+        if (size <= most) {
+            sizes.push_back(size);
+        }
+    }
+    std::vector<kvbench::Figure> figures;
+    kvbench::MeasureCreation(figures);
+    kvbench::Drawing drawing(std::max(sizes.back(), 2));
+    kvbench::MeasurePainting(drawing, figures);
+    kvbench::MeasureReads(drawing, sizes, figures);
+    kvbench::MeasureWrites(drawing, sizes, figures);
+    return figures;
+}
+
+}  // namespace
+
+int wmain(int count, wchar_t** texts) {
+    Arguments arguments;
+    if (count == 2 && std::wstring(texts[1]) == L"--help") {
+        std::fputs(c_usage, stdout);
+        return EXIT_SUCCESS;
+    }
+    if (!ParseArguments(count, texts, arguments)) {
+        std::fputs(c_usage, stderr);
+        return 2;
+    }
+    if (FAILED(::OleInitialize(nullptr)) || !LoadKvPeSatellite(::GetModuleHandleW(nullptr))) {
+        std::fputs("kv_bench: the system or the module's texts are missing\n", stderr);
+        return EXIT_FAILURE;
+    }
+    int result = EXIT_SUCCESS;
+    try {
+        const std::vector<kvbench::Figure> figures = MeasureAll(arguments.most);
+        kvbench::PrintTable(figures);
+        if (!arguments.json.empty() && !kvbench::WriteJson(arguments.json, figures)) {
+            std::fprintf(stderr, "kv_bench: %ls cannot be written\n", arguments.json.c_str());
+            result = EXIT_FAILURE;
+        }
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "kv_bench: this does not hold: %s\n", failure.what());
+        result = EXIT_FAILURE;
+    }
+    ::OleUninitialize();
+    return result;
+}

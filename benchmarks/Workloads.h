@@ -1,0 +1,18 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "benchmarks/Measure.h"
+
+namespace kvbench {
+
+class Drawing;
+
+/// Each adds its figures. They throw when a call fails or the floor is not the same as the row's work.
+void MeasureReads(Drawing& drawing, std::span<const int> sizes, std::vector<Figure>& figures);
+void MeasureWrites(Drawing& drawing, std::span<const int> sizes, std::vector<Figure>& figures);
+void MeasureCreation(std::vector<Figure>& figures);
+void MeasurePainting(Drawing& drawing, std::vector<Figure>& figures);
+
+}  // namespace kvbench
