@@ -194,5 +194,5 @@ HRESULT CKvPeShell::OnUIDeactivating() {
 }
 
 HRESULT CKvPeShell::OnObjectRectsSet(const RECT& position, const RECT& clip) {
-    return m_logic ? m_logic->Handle_SetObjectRects(&position, &clip) : E_UNEXPECTED;
+    return m_logic ? m_logic->Handle_SetObjectRects(&position, &clip) : S_OK;
 }

@@ -2,22 +2,39 @@
 
 #include <gtest/gtest.h>
 
+#include "core/ChildIds.h"
 #include "core/PrivateMessages.h"
+#include "framework/base/DeviceContexts.h"
+#include "framework/base/Handles.h"
 #include "tests/support/ExpectCalls.h"
 #include "tests/support/JournalNote.h"
 #include "tests/support/MessagePump.h"
+#include "tests/support/RowWarmUp.h"
 #include "tests/support/WarmUp.h"
 
 namespace {
 
-// The window that a tip talks to: notes the request to paint.
-class TipOwner final : public CWnd {
+const kvtest::WarmUpStep s_rows(&kvtest::WarmUpRows);
+const fw::WindowClass s_windowClass{.name = L"KvTestTipOwner"};
+
+/// Notes the requests to paint and the clicks that it gets.
+class Owner : public CWnd {
 public:
-    ~TipOwner() override { DestroyWindow(); }
+    ~Owner() override { DestroyWindow(); }
+
+    HWND tipOfRequest = nullptr;
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
         if (message == WM_KVPE_DRAW_TIP) {
-            kvtest::Note(L"DrawTip", wParam);
+            kvtest::Note(L"draw", wParam);
+            tipOfRequest = reinterpret_cast<HWND>(lParam);
+            return 0;
+        }
+        const bool isButton = (message >= WM_LBUTTONDOWN && message <= WM_MBUTTONUP) ||
+                              (message >= WM_NCLBUTTONDOWN && message <= WM_NCRBUTTONUP);
+        if (isButton) {
+            const CPoint point(lParam);
+            kvtest::Note(L"button", message, wParam, point.x, point.y);
             return 0;
         }
         return CWnd::WindowProc(message, wParam, lParam);
@@ -26,202 +43,182 @@ public:
 
 class TextTip : public ::testing::Test {
 protected:
-    static constexpr RECT c_ownerRect = {10, 10, 90, 30};
-    static constexpr RECT c_tipRect = {0, 0, 150, 22};
-
     TextTip() {
-        frame.Create(s_windowClass, L"", WS_POPUP | WS_VISIBLE, {100, 100, 300, 200}, nullptr);
-        frame.SetFocus();
-        owner.Create(s_windowClass, L"", WS_CHILD | WS_VISIBLE, c_ownerRect, frame);
+        owner.Create(s_windowClass, L"", WS_POPUP | WS_VISIBLE, {100, 100, 200, 120}, nullptr);
         EXPECT_TRUE(tip.Create(owner));
-        tip.SetOwner(owner, frame);
+        tip.SetOwner(owner, nullptr);
+        PutCursor({5, 5});
         kvtest::PumpWaiting();
         journal.Clear();
     }
+    ~TextTip() override { kvtest::PumpWaiting(); }
 
-    void PutCursor(int x, int y) const {
-        CPoint point(x, y);
+    void PutCursor(CPoint point) {
         owner.ClientToScreen(&point);
         ::SetCursorPos(point.x, point.y);
     }
-    // What the system does when the time has passed.
-    void PassTime() { ::SendMessageW(tip, WM_TIMER, 2, 0); }
-    void ShowAtCursor() {
-        PutCursor(5, 5);
-        tip.ShowTextTooltip(c_tipRect);
-        PassTime();
+    void Tick() { ::SendMessageW(tip.m_hWnd, WM_TIMER, CPropTextTooltip::TimerId, 0); }
+    void Show() {
+        tip.ShowTextTooltip({0, 0, 150, 22});
+        Tick();
+        EXPECT_TRUE(tip.IsWindowVisible());
+        journal.Clear();
     }
 
-    inline static const fw::WindowClass s_windowClass{.name = L"KvTestTip"};
     kvhost::Journal journal;
-    CWnd frame;
-    TipOwner owner;
+    Owner owner;
     CPropTextTooltip tip;
 };
 
-// The system keeps regions of the first window that is framed.
-const kvtest::WarmUpStep s_framedWindow([] {
-    CWnd over;
-    over.Create({.name = L"KvTestTip"}, L"", WS_POPUP | WS_VISIBLE, {100, 100, 300, 200}, nullptr);
-    CPropTextTooltip tip;
-    tip.Create(over);
-    tip.SetOwner(over, nullptr);
-    ::SetCursorPos(105, 105);
-    tip.ShowTextTooltip({0, 0, 150, 22});
-    ::SendMessageW(tip, WM_TIMER, CPropTextTooltip::TimerId, 0);
-    tip.DestroyWindow();
-    over.DestroyWindow();
-    kvtest::PumpWaiting();
-});
-
-CRect Fit(const RECT& wanted) {
-    return CPropTextTooltip::FitIntoDesktop(wanted, {0, 0, 800, 600});
-}
-
-TEST(TextTipPlace, InsideTheDesktop_Stays) {
-    EXPECT_EQ(Fit({10, 20, 110, 40}), CRect(10, 20, 110, 40));
-    EXPECT_EQ(Fit({0, 0, 800, 600}), CRect(0, 0, 800, 600));
-}
-
-TEST(TextTipPlace, WiderThanTheDesktop_IsCutToItsWidth) {
-    EXPECT_EQ(Fit({10, 20, 1200, 40}), CRect(10, 20, 810, 40));
-}
-
-TEST(TextTipPlace, HigherThanTheDesktop_IsCutToItsHeightAndMovedIn) {
-    EXPECT_EQ(Fit({10, 20, 110, 1000}), CRect(10, 0, 110, 600));
-}
-
-TEST(TextTipPlace, BelowOrAboveTheDesktop_MovesIn) {
-    EXPECT_EQ(Fit({10, 590, 110, 612}), CRect(10, 578, 110, 600));
-    EXPECT_EQ(Fit({10, -5, 110, 17}), CRect(10, 0, 110, 22));
-}
-
-TEST(TextTipPlace, BesideTheDesktop_KeepsItsColumn) {
-    EXPECT_EQ(Fit({-50, 20, 50, 40}), CRect(-50, 20, 50, 40));
-    EXPECT_EQ(Fit({750, 20, 850, 40}), CRect(750, 20, 850, 40));
-}
-
-TEST_F(TextTip, Window_IsAToolPopupThatIsKnownAsATip) {
-    EXPECT_TRUE(::GetWindowLongW(tip, GWL_EXSTYLE) & 128);
-    EXPECT_TRUE(tip.GetStyle() & WS_POPUP);
-    EXPECT_EQ(::GetClassLongPtrW(tip, GCL_STYLE), 6147u);
-    EXPECT_EQ(reinterpret_cast<HCURSOR>(::GetClassLongPtrW(tip, GCLP_HCURSOR)),
-              ::LoadCursorW(nullptr, IDC_ARROW));
-    EXPECT_EQ(::GetWindowLongPtrW(tip, GWLP_USERDATA), 1042);
+TEST_F(TextTip, Window_IsAMarkedToolPopupWithTheArrow) {
     EXPECT_TRUE(CPropTextTooltip::IsTextTip(tip.m_hWnd));
     EXPECT_FALSE(CPropTextTooltip::IsTextTip(owner.m_hWnd));
+    EXPECT_FALSE(CPropTextTooltip::IsTextTip(static_cast<HWND>(nullptr)));
+    EXPECT_EQ(::GetWindowLongPtrW(tip.m_hWnd, GWLP_USERDATA), 1042);
+    EXPECT_EQ(tip.GetExStyle() & WS_EX_TOOLWINDOW, 128u);
+    EXPECT_TRUE(tip.GetStyle() & WS_POPUP);
+    EXPECT_EQ(::GetClassLongPtrW(tip.m_hWnd, GCL_STYLE), 6147u);
+    EXPECT_EQ(reinterpret_cast<HCURSOR>(::GetClassLongPtrW(tip.m_hWnd, GCLP_HCURSOR)),
+              ::LoadCursorW(nullptr, IDC_ARROW));
     EXPECT_FALSE(tip.IsWindowVisible());
 }
 
-TEST_F(TextTip, Show_WaitsForTheTimerInTheTopmostBand) {
-    PutCursor(5, 5);
-    tip.ShowTextTooltip(c_tipRect);
+TEST_F(TextTip, IsTextTip_Context_IsThatOfTheTipsWindow) {
+    const fw::WindowDc ofTip(tip.m_hWnd);
+    const fw::WindowDc ofOwner(owner.m_hWnd);
+    const fw::MemoryDc ofMemory(ofTip);
+    EXPECT_TRUE(CPropTextTooltip::IsTextTip(ofTip.Get()));
+    EXPECT_FALSE(CPropTextTooltip::IsTextTip(ofOwner.Get()));
+    EXPECT_FALSE(CPropTextTooltip::IsTextTip(ofMemory.Get()));
+}
+
+TEST_F(TextTip, Show_PlacesTheWindowAndWaitsForTheTimer) {
+    tip.ShowTextTooltip({0, 0, 150, 22});
     EXPECT_TRUE(tip.IsShown());
     EXPECT_FALSE(tip.IsWindowVisible());
-    EXPECT_TRUE(::GetWindowLongW(tip, GWL_EXSTYLE) & WS_EX_TOPMOST);
-    EXPECT_EQ(tip.GetWindowRect(), CRect(110, 110, 260, 132));
-    EXPECT_TRUE(::KillTimer(tip, 2));
-    EXPECT_NO_CALLS(journal);
+    EXPECT_EQ(tip.GetWindowRect(), CRect(100, 100, 250, 122));
+    EXPECT_TRUE(kvtest::PumpUntil([&] { return tip.IsWindowVisible() != FALSE; }));
+    EXPECT_NE(::GetFocus(), tip.m_hWnd);
+    EXPECT_TRUE(tip.GetExStyle() & WS_EX_TOPMOST);
 }
 
-TEST_F(TextTip, Show_LargerThanTheDesktop_IsCutToIt) {
-    CRect desktop;
-    ::GetWindowRect(::GetDesktopWindow(), &desktop);
-    tip.ShowTextTooltip({0, 0, 20000, 20000});
-    EXPECT_EQ(tip.GetWindowRect().Size(), desktop.Size());
-    EXPECT_EQ(tip.GetWindowRect().top, desktop.top);
-}
-
-TEST_F(TextTip, Show_WhileShown_ChangesNothing) {
-    tip.ShowTextTooltip(c_tipRect);
-    tip.ShowTextTooltip({0, 0, 50, 10});
-    EXPECT_EQ(tip.GetWindowRect(), CRect(110, 110, 260, 132));
+TEST_F(TextTip, Show_WhileShown_KeepsTheFirstPlace) {
+    tip.ShowTextTooltip({0, 0, 150, 22});
+    tip.ShowTextTooltip({10, 10, 180, 40});
+    EXPECT_EQ(tip.GetWindowRect(), CRect(100, 100, 250, 122));
 }
 
 TEST_F(TextTip, Show_WithoutAWindow_DoesNothing) {
-    CPropTextTooltip none;
-    none.ShowTextTooltip(c_tipRect);
-    EXPECT_FALSE(none.IsShown());
+    CPropTextTooltip other;
+    other.ShowTextTooltip({0, 0, 150, 22});
+    EXPECT_FALSE(other.IsShown());
+    other.HideTextTooltip();
 }
 
-TEST_F(TextTip, Timer_PointerInside_ShowsAndAsksForTheTextOnce) {
-    ShowAtCursor();
-    EXPECT_TRUE(tip.IsWindowVisible());
-    EXPECT_EQ(::GetFocus(), frame.m_hWnd);
-    EXPECT_TRUE(::GetUpdateRect(tip, nullptr, FALSE));
-    EXPECT_CALLS(journal, "DrawTip 1042");
-    PassTime();
-    PassTime();
-    EXPECT_TRUE(tip.IsWindowVisible());
-    EXPECT_CALLS(journal, "DrawTip 1042");
-    EXPECT_TRUE(::KillTimer(tip, 2));
+TEST_F(TextTip, FirstTick_AsksTheOwnerToPaintOnce) {
+    tip.ShowTextTooltip({0, 0, 150, 22});
+    Tick();
+    EXPECT_CALLS(journal, "draw 1042");
+    EXPECT_EQ(owner.tipOfRequest, tip.m_hWnd);
+    Tick();
+    kvtest::PumpWaiting();
+    EXPECT_CALLS(journal, "draw 1042");
 }
 
-TEST_F(TextTip, Timer_PointerBesideTheRowButInTheTip_StaysShown) {
-    ShowAtCursor();
-    PutCursor(149, 21);
-    PassTime();
-    EXPECT_TRUE(tip.IsWindowVisible());
-    PutCursor(150, 21);
-    PassTime();
-    EXPECT_FALSE(tip.IsWindowVisible());
-}
-
-TEST_F(TextTip, Timer_PointerOutside_HidesStopsAndCanShowAgain) {
-    ShowAtCursor();
-    PutCursor(5, 60);
-    PassTime();
+TEST_F(TextTip, Tick_CursorOutside_HidesAndMayShowAgain) {
+    Show();
+    PutCursor({151, 5});
+    Tick();
     EXPECT_FALSE(tip.IsWindowVisible());
     EXPECT_FALSE(tip.IsShown());
-    EXPECT_FALSE(::KillTimer(tip, 2));
-    ShowAtCursor();
+    PutCursor({5, 5});
+    tip.ShowTextTooltip({0, 0, 150, 22});
+    Tick();
     EXPECT_TRUE(tip.IsWindowVisible());
-    EXPECT_CALLS(journal, "DrawTip 1042", "DrawTip 1042");
+    EXPECT_CALLS(journal, "draw 1042");
 }
 
-TEST_F(TextTip, Timer_OfAnotherId_IsNotTheTips) {
-    PutCursor(5, 5);
-    tip.ShowTextTooltip(c_tipRect);
-    ::SendMessageW(tip, WM_TIMER, 3, 0);
+TEST_F(TextTip, Tick_CursorBesideTheOwnerInsideTheTip_StaysShown) {
+    Show();
+    PutCursor({140, 21});
+    Tick();
+    EXPECT_TRUE(tip.IsWindowVisible());
+}
+
+TEST_F(TextTip, Tick_OfAnotherTimer_IsIgnored) {
+    tip.ShowTextTooltip({0, 0, 150, 22});
+    ::SendMessageW(tip.m_hWnd, WM_TIMER, 77, 0);
+    EXPECT_FALSE(tip.IsWindowVisible());
+}
+
+TEST_F(TextTip, Hide_ForgetsTheRectangle) {
+    Show();
+    tip.HideTextTooltip();
+    EXPECT_FALSE(tip.IsWindowVisible());
+    Tick();
     EXPECT_FALSE(tip.IsWindowVisible());
 }
 
 TEST_F(TextTip, EraseBackground_IsAnsweredWithoutPainting) {
-    EXPECT_EQ(::SendMessageW(tip, WM_ERASEBKGND, 0, 0), 1);
+    const fw::WindowDc screen(nullptr);
+    const fw::MemoryDc dc(screen);
+    EXPECT_EQ(::SendMessageW(tip.m_hWnd, WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc.Get()), 0), 1);
 }
 
-// The mouse buttons: the message itself and its place in screen coordinates.
-class TextTipMouse : public TextTip, public ::testing::WithParamInterface<UINT> {
-protected:
-    void ExpectHandedOn(UINT message, WPARAM wParam) {
-        EXPECT_FALSE(tip.IsWindowVisible());
-        EXPECT_FALSE(tip.IsShown());
-        EXPECT_EQ(::GetFocus(), owner.m_hWnd);
-        MSG posted{};
-        ASSERT_TRUE(::PeekMessageW(&posted, owner, message, message, PM_REMOVE));
-        EXPECT_EQ(posted.wParam, wParam);
-        EXPECT_EQ(CPoint(posted.lParam), CPoint(6, 7));
-    }
+TEST_F(TextTip, Paint_FramesTheGround) {
+    Show();
+    const fw::WindowDc dc(tip.m_hWnd);
+    EXPECT_EQ(::GetPixel(dc, 75, 0), 0x868686u);
+    EXPECT_EQ(::GetPixel(dc, 0, 11), 0x868686u);
+    EXPECT_EQ(::GetPixel(dc, 75, 11), ::GetSysColor(COLOR_INFOBK));
+}
+
+struct Handed {
+    UINT message;
+    bool isFrame;
 };
 
-TEST_P(TextTipMouse, Button_HidesAndReachesTheOwnerAtTheSameSpot) {
-    ShowAtCursor();
-    ::SendMessageW(tip, GetParam(), 3, MAKELPARAM(6, 7));
-    ExpectHandedOn(GetParam(), 3);
+class TextTipClick : public TextTip, public ::testing::WithParamInterface<Handed> {};
+
+TEST_P(TextTipClick, AnyButton_HidesAndReachesTheOwnerAtTheSameSpot) {
+    Show();
+    CPoint point(7, 8);
+    if (GetParam().isFrame) {
+        ::ClientToScreen(tip.m_hWnd, &point);
+    }
+    ::SendMessageW(tip.m_hWnd, GetParam().message, 3, point.Packed());
+    EXPECT_FALSE(tip.IsWindowVisible());
+    EXPECT_EQ(::GetFocus(), owner.m_hWnd);
+    kvtest::PumpWaiting();
+    const std::string expected = "button " + std::to_string(GetParam().message) + " 3 7 8";
+    EXPECT_CALLS(journal, expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(Client, TextTipMouse, ::testing::Values(513u, 514u, 516u, 517u, 519u));
+INSTANTIATE_TEST_SUITE_P(Buttons, TextTipClick,
+                         ::testing::Values(Handed{513, false}, Handed{514, false}, Handed{516, false},
+                                           Handed{517, false}, Handed{519, false}, Handed{161, true},
+                                           Handed{162, true}, Handed{164, true}, Handed{165, true}));
 
-class TextTipFrame : public TextTipMouse {};
-
-TEST_P(TextTipFrame, Button_HidesAndReachesTheOwnerAtTheSameSpot) {
-    ShowAtCursor();
-    CPoint point(6, 7);
-    owner.ClientToScreen(&point);
-    ::SendMessageW(tip, GetParam(), HTCAPTION, point.Packed());
-    ExpectHandedOn(GetParam(), HTCAPTION);
+TEST(TextTipPlacement, FitIntoDesktop_FittingRectangle_Stays) {
+    EXPECT_EQ(CPropTextTooltip::FitIntoDesktop({10, 20, 110, 40}, {0, 0, 800, 600}), CRect(10, 20, 110, 40));
 }
 
-INSTANTIATE_TEST_SUITE_P(Frame, TextTipFrame, ::testing::Values(161u, 162u, 164u, 165u));
+TEST(TextTipPlacement, FitIntoDesktop_TallerAndWider_IsCutToTheDesktopsSize) {
+    EXPECT_EQ(CPropTextTooltip::FitIntoDesktop({0, 0, 2000, 3000}, {0, 0, 800, 600}), CRect(0, 0, 800, 600));
+}
+
+TEST(TextTipPlacement, FitIntoDesktop_BelowTheDesktop_MovesUp) {
+    EXPECT_EQ(CPropTextTooltip::FitIntoDesktop({10, 590, 110, 612}, {0, 0, 800, 600}),
+              CRect(10, 578, 110, 600));
+}
+
+TEST(TextTipPlacement, FitIntoDesktop_AboveTheDesktop_MovesDown) {
+    EXPECT_EQ(CPropTextTooltip::FitIntoDesktop({10, -9, 110, 13}, {0, 0, 800, 600}), CRect(10, 0, 110, 22));
+}
+
+TEST(TextTipPlacement, FitIntoDesktop_BesideTheDesktop_IsNotMovedSideways) {
+    EXPECT_EQ(CPropTextTooltip::FitIntoDesktop({750, 20, 950, 40}, {0, 0, 800, 600}),
+              CRect(750, 20, 950, 40));
+}
 
 }  // namespace
