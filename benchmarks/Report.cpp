@@ -29,9 +29,11 @@ std::vector<Growth> GrowthOf(const std::vector<Figure>& figures) {
         if (large.objects != c_growthTo || small == nullptr) {
             continue;
         }
+        constexpr double c_perObject = static_cast<double>(c_growthFrom) / c_growthTo;
         const double perCall = large.product / small->product;
-        result.push_back(
-            {large.workload, c_growthFrom, c_growthTo, perCall * c_growthFrom / c_growthTo, perCall});
+        const double floorPerCall = large.floor / small->floor;
+        result.push_back({large.workload, c_growthFrom, c_growthTo, perCall * c_perObject,
+                          floorPerCall * c_perObject, perCall});
     }
     return result;
 }
@@ -47,10 +49,11 @@ void PrintTable(const std::vector<Figure>& figures) {
     if (growths.empty()) {
         return;
     }
-    std::printf("\n%-28s %14s %14s   from %d to %d objects\n", "growth", "per object", "per call",
-                c_growthFrom, c_growthTo);
+    std::printf("\n%-28s %14s %14s %14s   from %d to %d objects\n", "growth", "row/object", "floor/object",
+                "row/call", c_growthFrom, c_growthTo);
     for (const Growth& growth : growths) {
-        std::printf("%-28s %14.3f %14.3f\n", growth.workload.c_str(), growth.perObject, growth.perCall);
+        std::printf("%-28s %14.3f %14.3f %14.3f\n", growth.workload.c_str(), growth.perObject,
+                    growth.floorPerObject, growth.perCall);
     }
 }
 
@@ -69,6 +72,7 @@ bool WriteJson(const std::wstring& path, const std::vector<Figure>& figures) {
                               {"from", growth.from},
                               {"to", growth.to},
                               {"perObject", growth.perObject},
+                              {"floorPerObject", growth.floorPerObject},
                               {"perCall", growth.perCall}});
     }
     const nlohmann::ordered_json document{{"figures", figureList}, {"growth", growthList}};

@@ -13,6 +13,7 @@ struct Growth {
     int from = 0;
     int to = 0;
     double perObject = 0;
+    double floorPerObject = 0;  ///< what the host's own calls grew by: caches hold fewer of many objects
     double perCall = 0;
 };
 
