@@ -2,34 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include "framework/base/Handles.h"
 #include "framework/com/ComPtr.h"
 #include "refhost/editor/HostSession.h"
 #include "refhost/rx/Modules.h"
 #include "tests/control/core/ClassRows.h"
 #include "tests/control/core/LoadedModule.h"
+#include "tests/control/support/RegisterProgram.h"
 #include "tests/support/ExpectCalls.h"
 
 namespace {
 
-using ProcessHandle = fw::UniqueHandle<fw::PlainPolicy<HANDLE, ::CloseHandle>>;
-
-DWORD RunRegister(const wchar_t* arguments) {
-    std::wstring command = L"\"" + kvtest::BesideProgram(L"kvpexctl-register.exe") + L"\"" + arguments;
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    if (!::CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr,
-                          nullptr, &startup, &process)) {
-        return MAXDWORD;
-    }
-    const ProcessHandle running(process.hProcess);
-    const ProcessHandle thread(process.hThread);
-    ::WaitForSingleObject(running.Get(), INFINITE);
-    DWORD exitCode = MAXDWORD;
-    ::GetExitCodeProcess(running.Get(), &exitCode);
-    return exitCode;
-}
+using kvtest::RunRegister;
 
 bool UserKeyExists(const std::wstring& path) {
     HKEY key = nullptr;
@@ -49,7 +32,7 @@ std::wstring TextOf(const GUID& id) {
 
 class Registration : public ::testing::Test {
 protected:
-    ~Registration() override { RunRegister(L" /u"); }
+    ~Registration() override { EXPECT_EQ(RunRegister(L" /u"), 0U); }
 };
 
 TEST_F(Registration, Register_MakesEveryClassKnownByName_UnregisterTakesAllOut) {
