@@ -66,7 +66,7 @@ void RowContainer::CreateTextRow(const std::vector<const wchar_t*>& texts, bool 
 
 HRESULT RowContainer::InitEdit(const std::vector<IDispatch*>& selection, bool readOnly) {
     const std::vector<IUnknown*> dynamicProperties(selection.size());
-    const std::vector<LONG> dispids(selection.size(), c_property);
+    const std::vector<LONG> dispids(selection.size(), dispid);
     const auto count = static_cast<ULONG>(selection.size());
     fw::Variant objectArray;
     fw::Variant dynamicArray;

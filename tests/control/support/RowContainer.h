@@ -66,6 +66,7 @@ protected:
     std::vector<fw::ComPtr<kvhost::ScriptedObject>> objects;
     kvhost::Journal journal;
     DWORD sinkCookie = 0;
+    DISPID dispid = c_property;  // the property of the next InitEdit
 };
 
 }  // namespace kvtest

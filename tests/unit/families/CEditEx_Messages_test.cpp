@@ -19,6 +19,21 @@ protected:
         return ::SendMessageW(Edit().m_hWnd, message, wParam, lParam);
     }
 
+    // The pixels where the system's caret stands in the box.
+    std::vector<COLORREF> CaretPixels() {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        EXPECT_TRUE(::GetGUIThreadInfo(::GetCurrentThreadId(), &info));
+        EXPECT_EQ(info.hwndCaret, Edit().m_hWnd);
+        std::vector<COLORREF> pixels;
+        const fw::WindowDc dc(Edit().m_hWnd);
+        for (LONG y = info.rcCaret.top; y < info.rcCaret.bottom; ++y) {
+            pixels.push_back(::GetPixel(dc, info.rcCaret.left, y));
+        }
+        EXPECT_FALSE(pixels.empty());
+        return pixels;
+    }
+
     static HWND Hint() { return ::FindWindowW(L"KvPeUnspecifiedHint", nullptr); }
 };
 
@@ -56,6 +71,47 @@ TEST_F(EditBoxMessages, ResetSelection_ReadOnly_SelectsNothing) {
     Edit().GetSel(start, end);
     EXPECT_EQ(start, end);
     EXPECT_FALSE(Edit().IsCaretShown());
+}
+
+TEST_F(EditBoxMessages, Caret_IsSeenOnlyAfterTheUserHasBegun) {
+    Open();
+    Edit().SetSel(0, 0);
+    Edit().UpdateWindow();
+    const auto hidden = CaretPixels();
+    PreTranslate(WM_LBUTTONDOWN);
+    EXPECT_NE(CaretPixels(), hidden);
+    Edit().HideTheCaret();
+    EXPECT_EQ(CaretPixels(), hidden);
+}
+
+TEST_F(EditBoxMessages, Caret_HiddenSeveralTimes_OneKeyShowsIt) {
+    Open();
+    Edit().ResetSelection();
+    Edit().ResetSelection();
+    Edit().SetSel(0, 0);
+    Edit().UpdateWindow();
+    const auto hidden = CaretPixels();
+    PreTranslate(WM_KEYDOWN);
+    EXPECT_NE(CaretPixels(), hidden);
+}
+
+TEST_F(EditBoxMessages, SetFocus_CaretAsTheUserLeftIt) {
+    Open();
+    Edit().SetSel(0, 0);
+    Edit().UpdateWindow();
+    const auto hidden = CaretPixels();
+    row->m_readOnly = TRUE;  // so that the loss of the focus commits nothing
+    Focus(frame);
+    Edit().SetFocus();
+    Edit().SetSel(0, 0);
+    Edit().UpdateWindow();
+    EXPECT_EQ(CaretPixels(), hidden);
+    PreTranslate(WM_KEYDOWN);
+    Edit().UpdateWindow();
+    Focus(frame);
+    Edit().SetFocus();
+    EXPECT_TRUE(Edit().IsCaretShown());
+    EXPECT_NE(CaretPixels(), hidden);
 }
 
 TEST_F(EditBoxMessages, KillFocus_InEdit_Commits) {
