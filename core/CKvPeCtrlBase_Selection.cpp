@@ -18,12 +18,24 @@ struct ArrayBounds {
     LONG upper = -1;
 };
 
+constexpr USHORT c_elementKinds = FADF_BSTR | FADF_UNKNOWN | FADF_DISPATCH | FADF_VARIANT | FADF_RECORD;
+
+// More would be a lower bound gone astray: the entries below it are made as well.
+constexpr LONG c_highestIndex = 0xFFFFFF;
+
+// The type of a VARIANT is only what its maker says. An array with other elements would be read as pointers
+// that are none, or beyond the place for one element.
+bool HasElements(const SAFEARRAY& array, USHORT kind, ULONG size) {
+    return (array.fFeatures & c_elementKinds) == kind && array.cbElements == size;
+}
+
 // One dimension only: an index of one number would reach beyond the elements of any other array.
-HRESULT GetBounds(const VARIANT& value, ArrayBounds& bounds) {
+HRESULT GetBounds(const VARIANT& value, USHORT kind, ULONG elementSize, ArrayBounds& bounds) {
     RETURN_HR_IF(E_FAIL, value.parray == nullptr || ::SafeArrayGetDim(value.parray) != 1);
+    RETURN_HR_IF(E_FAIL, !HasElements(*value.parray, kind, elementSize));
     RETURN_HR_IF(E_FAIL, FAILED(::SafeArrayGetLBound(value.parray, 1, &bounds.lower)));
     RETURN_HR_IF(E_FAIL, FAILED(::SafeArrayGetUBound(value.parray, 1, &bounds.upper)));
-    RETURN_HR_IF(E_FAIL, bounds.lower < 0 || bounds.upper < -1 || bounds.upper == MAXLONG);
+    RETURN_HR_IF(E_FAIL, bounds.lower < 0 || bounds.upper < -1 || bounds.upper > c_highestIndex);
     return S_OK;
 }
 
@@ -52,9 +64,9 @@ HRESULT CKvPeCtrlBase::Handle_InitEditControl(VARIANT* objects, VARIANT* dynamic
     // The other two arrays are parallel to that of the objects; only its bounds count.
     ArrayBounds bounds;
     ArrayBounds unused;
-    RETURN_IF_FAILED_EXPECTED(GetBounds(*dynamicProperties, unused));
-    RETURN_IF_FAILED_EXPECTED(GetBounds(*dispids, unused));
-    RETURN_IF_FAILED_EXPECTED(GetBounds(*objects, bounds));
+    RETURN_IF_FAILED_EXPECTED(GetBounds(*dynamicProperties, FADF_UNKNOWN, sizeof(IUnknown*), unused));
+    RETURN_IF_FAILED_EXPECTED(GetBounds(*dispids, 0, sizeof(LONG), unused));
+    RETURN_IF_FAILED_EXPECTED(GetBounds(*objects, FADF_DISPATCH, sizeof(IDispatch*), bounds));
 
     AllocateSelection(bounds.upper + 1);
     for (LONG index = bounds.lower; index <= bounds.upper; ++index) {

@@ -1,0 +1,230 @@
+#include "refhost/editor/HostSession.h"
+#include "refhost/testing/Answers.h"
+#include "tests/control/proofs/AvailableClasses.h"
+#include "tests/control/proofs/InitTriple.h"
+#include "tests/control/proofs/ModuleLock.h"
+
+namespace {
+
+using kvtest::InitTriple;
+using kvtest::PickBelow;
+using kvtest::PickOnceIn;
+using kvtest::RandomVariant;
+
+constexpr int c_triples = 100'000;
+constexpr int c_calls = 5'000;
+
+class BadInput : public ::testing::TestWithParam<kvtest::AvailableClass> {
+protected:
+    BadInput() { Renew(); }
+    ~BadInput() override {
+        control.Reset();
+        EXPECT_TRUE(pool.IsReleased());
+        EXPECT_EQ(kvtest::AskModuleCanUnload(), S_OK);
+        kvhost::Answers::Reset();
+    }
+
+    void Renew() {
+        control.Reset();
+        ASSERT_EQ(::CoCreateInstance(*GetParam().id, nullptr, CLSCTX_INPROC_SERVER,
+                                     __uuidof(IKvPiPropertyEditControl2), control.PutVoid()),
+                  S_OK);
+    }
+    void InitThree() {
+        RandomVariant objects;
+        RandomVariant dynamicProperties;
+        RandomVariant dispids;
+        objects.FillArray(VT_DISPATCH, VT_DISPATCH, 1, 0, 3);
+        dynamicProperties.FillArray(VT_UNKNOWN, VT_UNKNOWN, 1, 0, 3);
+        dispids.FillArray(VT_I4, VT_I4, 1, 0, 3);
+        LONG index = 0;
+        for (kvhost::ScriptedObject* object : {pool.same.Get(), pool.alike.Get(), pool.other.Get()}) {
+            objects.PutObject(index, static_cast<IDispatch*>(object));
+            object->At(kvtest::SelectionPool::c_property).keepsPuts = false;
+            dispids.PutLong(index++, kvtest::SelectionPool::c_property);
+        }
+        dispids.PutLong(2, kvtest::SelectionPool::c_unknownProperty);
+        // The last object cannot be read; the selection is there all the same.
+        EXPECT_EQ(control->InitEditControl(&objects.value, &dynamicProperties.value, &dispids.value, 0),
+                  DISP_E_MEMBERNOTFOUND);
+    }
+    void CallSetValue() {
+        RandomVariant value;
+        value.Fill(random, pool.dynamicProperty->Identity(), pool.same.Get());
+        const LONG type =
+            PickOnceIn(random, 3) ? static_cast<LONG>(random()) : static_cast<LONG>(PickBelow(random, 6)) - 1;
+        const HRESULT result = control->SetValue(&value.value, type);
+        if (type != 0 && type != 2 && type != 3) {
+            EXPECT_EQ(result, E_INVALIDARG) << "type " << type;
+        } else if (type == 0) {
+            EXPECT_EQ(result, DISP_E_MEMBERNOTFOUND) << "what the last object answered";
+        }
+    }
+    void CallLaunchDialog() {
+        RandomVariant value;
+        value.Fill(random, nullptr, nullptr);
+        BSTR const text = value.value.vt == VT_BSTR ? value.value.bstrVal : nullptr;
+        const LONG flags = PickOnceIn(random, 2) ? static_cast<LONG>(random()) : 8;
+        EXPECT_EQ(control->LaunchDialog(text, flags), (flags & 24) == 8 ? S_OK : E_UNEXPECTED) << flags;
+    }
+    void CallColors() {
+        const OLE_COLOR put = random();
+        OLE_COLOR got = ~put;
+        EXPECT_EQ(control->put_BackColor(put), S_OK);
+        EXPECT_EQ(control->get_BackColor(&got), S_OK);
+        EXPECT_EQ(got, put);
+        EXPECT_EQ(control->put_ReadOnlyBackColor(put), S_OK);
+        EXPECT_EQ(control->put_ForeColor(~put), S_OK);
+        EXPECT_EQ(control->get_ForeColor(&got), S_OK);
+        EXPECT_EQ(got, ~put);
+        EXPECT_EQ(control->put_ReadOnlyForeColor(put), S_OK);
+    }
+    void CallObjects() {
+        IUnknown* const objects[] = {nullptr, pool.dynamicProperty->Identity(),
+                                     static_cast<IDispatch*>(pool.same.Get())};
+        IUnknown* const object = objects[PickBelow(random, 3)];
+        EXPECT_EQ(control->put_Font(object), object ? E_NOINTERFACE : E_POINTER);
+        EXPECT_EQ(control->put_PropertyIdentifier(object), object ? E_NOINTERFACE : S_OK);
+    }
+
+    template <class Interface>
+    fw::ComPtr<Interface> As() const {
+        return control.As<Interface>();
+    }
+
+    kvhost::HostSession host;
+    kvtest::SelectionPool pool;
+    kvtest::RandomEngine random{20'240'607};
+    fw::ComPtr<IKvPiPropertyEditControl2> control;
+};
+
+TEST_P(BadInput, InitEditControl_RandomTriples_GiveTheResultOfTheRulesAndKeepNothing) {
+    int accepted = 0;
+    for (int round = 0; round < c_triples; ++round) {
+        HRESULT result = S_OK;
+        {
+            InitTriple triple(random, pool);
+            result = control->InitEditControl(triple.Objects(), triple.DynamicProperties(), triple.Dispids(),
+                                              static_cast<VARIANT_BOOL>(random()));
+            ASSERT_EQ(result, triple.Expected()) << "round " << round << triple;
+        }
+        accepted += SUCCEEDED(result) ? 1 : 0;
+        // A row keeps the selection that it has got until its end.
+        if (!pool.IsReleased()) {
+            Renew();
+            ASSERT_TRUE(pool.IsReleased()) << "round " << round;
+        }
+    }
+    EXPECT_GT(accepted, c_triples / 20);
+    EXPECT_LT(accepted, c_triples / 2);
+}
+
+TEST_P(BadInput, InitEditControl_LowerBoundGoneAstray_IsRefused) {
+    RandomVariant objects;
+    RandomVariant dynamicProperties;
+    RandomVariant dispids;
+    constexpr LONG lower = MAXLONG - 2;
+    objects.FillArray(VT_DISPATCH, VT_DISPATCH, 1, lower, 2);
+    dynamicProperties.FillArray(VT_UNKNOWN, VT_UNKNOWN, 1, lower, 2);
+    dispids.FillArray(VT_I4, VT_I4, 1, lower, 2);
+    EXPECT_EQ(control->InitEditControl(&objects.value, &dynamicProperties.value, &dispids.value, 0), E_FAIL);
+}
+
+// The row over three objects, one of them without the property.
+TEST_P(BadInput, OtherOperations_RandomArguments_GiveTheResultOfTheRules) {
+    for (int round = 0; round < c_calls; ++round) {
+        if (round % 50 == 0) {
+            Renew();
+            InitThree();
+        }
+        CallSetValue();
+        CallLaunchDialog();
+        EXPECT_EQ(control->Refresh(random()), S_OK);
+        CallColors();
+        CallObjects();
+        if (HasFailure()) {
+            FAIL() << "round " << round;
+        }
+        for (kvhost::ScriptedObject* object : {pool.same.Get(), pool.alike.Get(), pool.other.Get()}) {
+            object->At(kvtest::SelectionPool::c_property).puts.clear();
+        }
+        // What was said while nobody looks.
+        static_cast<void>(kvhost::Answers::TakeShown());
+    }
+}
+
+TEST_P(BadInput, NullPointers_ToTheRowsOwnInterface_AreRefused) {
+    VARIANT_BOOL* const noFlag = nullptr;
+    OLE_COLOR* const noColor = nullptr;
+    IUnknown** const noObject = nullptr;
+    EXPECT_EQ(control->InitEditControl(nullptr, nullptr, nullptr, 0), E_FAIL);
+    EXPECT_EQ(control->get_KeepFocus(noFlag), E_POINTER);
+    EXPECT_EQ(control->get_BackColor(noColor), E_POINTER);
+    EXPECT_EQ(control->get_ForeColor(noColor), E_POINTER);
+    EXPECT_EQ(control->get_ReadOnlyBackColor(noColor), E_POINTER);
+    EXPECT_EQ(control->get_ReadOnlyForeColor(noColor), E_POINTER);
+    EXPECT_EQ(control->get_Font(noObject), E_POINTER);
+    EXPECT_EQ(control->put_Font(nullptr), E_POINTER);
+    EXPECT_EQ(control->get_PropertyIdentifier(noObject), E_POINTER);
+    EXPECT_EQ(control->put_PropertyIdentifier(nullptr), S_OK);
+    EXPECT_EQ(control->SetValue(nullptr, 0), E_POINTER);
+    EXPECT_EQ(control->LaunchDialog(nullptr, 0), E_UNEXPECTED);
+    EXPECT_EQ(control->LaunchDialog(nullptr, 8), S_OK);
+    EXPECT_TRUE(FAILED(control->QueryInterface(IID_IUnknown, nullptr)));
+    EXPECT_TRUE(FAILED(control->GetIDsOfNames(IID_NULL, nullptr, 1, 0, nullptr)));
+    EXPECT_TRUE(FAILED(control->GetTypeInfoCount(nullptr)));
+    EXPECT_TRUE(FAILED(control->GetTypeInfo(0, 0, nullptr)));
+    for (const DISPID id : {1, 2, 3, 4, 5, 6, -501, -512, -513, -2000, -2001, 12345}) {
+        for (const WORD flags :
+             {WORD{DISPATCH_METHOD}, WORD{DISPATCH_PROPERTYGET}, WORD{DISPATCH_PROPERTYPUT}}) {
+            EXPECT_TRUE(FAILED(control->Invoke(id, IID_NULL, 0, flags, nullptr, nullptr, nullptr, nullptr)))
+                << id;
+        }
+    }
+}
+
+TEST_P(BadInput, NullPointers_ToTheSharedInterfaces_AreRefused) {
+    const auto object = As<IOleObject>();
+    EXPECT_TRUE(FAILED(object->GetClientSite(nullptr)));
+    EXPECT_TRUE(FAILED(object->GetUserClassID(nullptr)));
+    EXPECT_TRUE(FAILED(object->GetExtent(DVASPECT_CONTENT, nullptr)));
+    EXPECT_TRUE(FAILED(object->SetExtent(DVASPECT_CONTENT, nullptr)));
+    EXPECT_TRUE(FAILED(object->GetMiscStatus(DVASPECT_CONTENT, nullptr)));
+    EXPECT_TRUE(FAILED(object->Advise(nullptr, nullptr)));
+    EXPECT_TRUE(FAILED(object->EnumAdvise(nullptr)));
+    EXPECT_TRUE(FAILED(object->EnumVerbs(nullptr)));
+    EXPECT_TRUE(FAILED(object->GetUserType(USERCLASSTYPE_FULL, nullptr)));
+    EXPECT_TRUE(FAILED(object->GetMoniker(0, 0, nullptr)));
+    EXPECT_TRUE(FAILED(object->GetClipboardData(0, nullptr)));
+    EXPECT_TRUE(FAILED(object->DoVerb(OLEIVERB_SHOW, nullptr, nullptr, 0, nullptr, nullptr)));
+    EXPECT_TRUE(FAILED(As<IOleControl>()->GetControlInfo(nullptr)));
+    EXPECT_TRUE(FAILED(As<IQuickActivate>()->QuickActivate(nullptr, nullptr)));
+    EXPECT_TRUE(FAILED(As<IQuickActivate>()->GetContentExtent(nullptr)));
+    EXPECT_TRUE(FAILED(As<IQuickActivate>()->SetContentExtent(nullptr)));
+    const auto inPlace = As<IOleInPlaceObject>();
+    EXPECT_TRUE(FAILED(inPlace->GetWindow(nullptr)));
+    EXPECT_TRUE(FAILED(inPlace->SetObjectRects(nullptr, nullptr)));
+    const auto points = As<IConnectionPointContainer>();
+    EXPECT_TRUE(FAILED(points->EnumConnectionPoints(nullptr)));
+    EXPECT_TRUE(FAILED(points->FindConnectionPoint(__uuidof(IKvPiPropertyEditEventsSink2), nullptr)));
+    fw::ComPtr<IConnectionPoint> point;
+    ASSERT_EQ(points->FindConnectionPoint(__uuidof(IKvPiPropertyEditEventsSink2), point.Put()), S_OK);
+    EXPECT_TRUE(FAILED(point->Advise(nullptr, nullptr)));
+    EXPECT_TRUE(FAILED(point->GetConnectionInterface(nullptr)));
+    EXPECT_TRUE(FAILED(point->GetConnectionPointContainer(nullptr)));
+    EXPECT_TRUE(FAILED(point->EnumConnections(nullptr)));
+    EXPECT_TRUE(FAILED(point->Unadvise(random())));
+    const auto view = As<IViewObjectEx>();
+    EXPECT_TRUE(FAILED(
+        view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, 0)));
+    EXPECT_TRUE(FAILED(view->GetExtent(DVASPECT_CONTENT, -1, nullptr, nullptr)));
+    EXPECT_TRUE(FAILED(view->GetViewStatus(nullptr)));
+    EXPECT_TRUE(FAILED(view->GetRect(DVASPECT_CONTENT, nullptr)));
+    EXPECT_TRUE(FAILED(view->QueryHitPoint(DVASPECT_CONTENT, nullptr, {}, 0, nullptr)));
+    EXPECT_TRUE(FAILED(view->QueryHitRect(DVASPECT_CONTENT, nullptr, nullptr, 0, nullptr)));
+    EXPECT_TRUE(FAILED(view->GetNaturalExtent(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, nullptr)));
+}
+
+KV_FOR_EACH_AVAILABLE_CLASS(BadInput);
+
+}  // namespace
