@@ -1,6 +1,7 @@
 #include "palette/commands/Screenshot.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <vector>
 
 #include "framework/base/DeviceContexts.h"
@@ -61,7 +62,7 @@ public:
         std::vector<BYTE> pixels;
         pixels.reserve(static_cast<std::size_t>(Width()) * static_cast<std::size_t>(Height()) * 3);
         const auto* const bits = static_cast<const DWORD*>(m_bits);
-        std::for_each(bits, bits + Width() * Height(), [&](DWORD color) {
+        std::for_each(bits, bits + static_cast<std::ptrdiff_t>(Width()) * Height(), [&](DWORD color) {
             pixels.push_back(static_cast<BYTE>(color >> 16));
             pixels.push_back(static_cast<BYTE>(color >> 8));
             pixels.push_back(static_cast<BYTE>(color));

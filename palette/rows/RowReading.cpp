@@ -179,7 +179,7 @@ std::wstring ReadingText(const kvhost::PropertyRow& row, const RowReading& readi
     if (reading.state == RowState::Varies) {
         return c_variesText;
     }
-    const std::wstring text = ValueText(reading.value.Get());
+    std::wstring text = ValueText(reading.value.Get());
     if (row.flags & kvhost::PropertyMasked) {
         return text.empty() ? text : c_maskedText;
     }

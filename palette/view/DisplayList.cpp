@@ -55,8 +55,10 @@ COLORREF ColorOfIndex(int index) {
         return s_first[index];
     }
     // The others go round the colour circle, lighter and darker by their last digit.
-    const double hue = (index / 10 - 1) * 15.0 / 60.0;
-    const double value = 1.0 - (index % 10) / 2 * 0.14;
+    const int round = index / 10 - 1;
+    const int shade = index % 10 / 2;
+    const double hue = round * 15.0 / 60.0;
+    const double value = 1.0 - shade * 0.14;
     const double saturation = index % 2 == 0 ? 0.85 : 0.45;
     const auto channel = [&](double offset) {
         const double place = std::fmod(hue + offset, 6.0);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 #include "framework/base/DeviceContexts.h"
@@ -15,7 +16,8 @@ constexpr double c_gridPixels = 48;
 constexpr int c_smallestText = 4;
 constexpr int c_largestText = 2000;
 constexpr int c_gripHalf = 2;
-constexpr std::size_t c_mostGrips = 200;
+constexpr int c_gripDistance = 10;
+constexpr std::size_t c_mostGrips = 24;
 // Far away points would overflow the system's coordinates; what is that far outside is not seen anyway.
 constexpr double c_farPixel = 1e6;
 
@@ -152,18 +154,26 @@ void DrawingPainter::PaintDot(const kvhost::Point3& dot, COLORREF color, int wid
 }
 
 void DrawingPainter::PaintGrips(const Shape& shape) {
-    std::size_t painted = 0;
+    POINT last{std::numeric_limits<LONG>::min() / 2, 0};
     const auto paint = [&](const kvhost::Point3& point) {
-        if (painted++ < c_mostGrips) {
-            const POINT place = ToPixel(point);
-            const RECT square{place.x - c_gripHalf, place.y - c_gripHalf, place.x + c_gripHalf + 1,
-                              place.y + c_gripHalf + 1};
-            FillColor(m_dc, square, theme::c_grip);
+        const POINT place = ToPixel(point);
+        if (std::abs(place.x - last.x) + std::abs(place.y - last.y) < c_gripDistance) {
+            return;
         }
+        last = place;
+        FillColor(
+            m_dc,
+            {place.x - c_gripHalf, place.y - c_gripHalf, place.x + c_gripHalf + 1, place.y + c_gripHalf + 1},
+            theme::c_grip);
     };
-    // Curves come as long paths of short pieces: their ends and middle are enough.
+    if (shape.paths.size() > 1) {
+        paint(
+            {(shape.bounds.left + shape.bounds.right) / 2, (shape.bounds.bottom + shape.bounds.top) / 2, 0});
+        return;
+    }
+    // Curves come as long paths of short pieces: a few of their points are enough.
     for (const Shape::Path& path : shape.paths) {
-        const std::size_t step = path.points.size() > 24 ? path.points.size() / 4 : 1;
+        const std::size_t step = path.points.size() > c_mostGrips ? path.points.size() / 4 : 1;
         for (std::size_t i = 0; i < path.points.size(); i += step) {
             paint(path.points[i]);
         }

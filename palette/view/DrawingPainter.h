@@ -19,7 +19,7 @@ public:
     void PaintGround();
     /// The highlighted ones are painted over the others.
     void PaintShapes(const std::vector<Shape>& shapes, const std::unordered_set<std::uint64_t>& highlighted);
-    /// Small squares on the corners of a shape.
+    /// Small squares on the corners of a shape; one in its middle when it has many parts.
     void PaintGrips(const Shape& shape);
 
 private:

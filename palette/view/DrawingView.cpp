@@ -17,6 +17,7 @@ namespace {
 constexpr int c_pickReach = 5;
 constexpr int c_leastBox = 4;
 constexpr double c_wheelStep = 1.25;
+constexpr double c_surroundings = 0.75;
 constexpr std::size_t c_mostGrippedObjects = 100;
 constexpr fw::WindowClass c_viewClass{L"KvPaletteDrawingView", CS_DBLCLKS, fw::ArrowCursor};
 
@@ -70,7 +71,7 @@ void DrawingView::ZoomHighlighted() {
     }
     m_transform.Fit(bounds);
     // Some of the surroundings tell where the objects lie.
-    m_transform.ZoomAt({m_transform.Width() / 2, m_transform.Height() / 2}, 0.5);
+    m_transform.ZoomAt({m_transform.Width() / 2, m_transform.Height() / 2}, c_surroundings);
     m_fitWhenSized = false;
     Invalidate(FALSE);
 }

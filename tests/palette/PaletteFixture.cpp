@@ -174,7 +174,7 @@ void PaletteFixture::TypeText(const std::wstring& text) {
 
 void PaletteFixture::TurnWheel(POINT place, int steps) {
     MoveTo(place);
-    SendMouse(MOUSEEVENTF_WHEEL, static_cast<DWORD>(steps * WHEEL_DELTA));
+    SendMouse(MOUSEEVENTF_WHEEL, static_cast<DWORD>(steps) * WHEEL_DELTA);
 }
 
 }  // namespace kvtest

@@ -189,9 +189,10 @@ TEST_F(PaletteRows, Wheel_ScrollsTheRows) {
 }
 
 TEST_F(PaletteRows, ManyObjects_AreShownAtOnce) {
-    std::vector<KvDbObjectId> ids;
-    for (int i = 0; i < 2000; ++i) {
-        ids.push_back(AddText(L"same", i % 50, i / 50));
+    std::vector<KvDbObjectId> ids(2000);
+    double y = 0;
+    for (KvDbObjectId& id : ids) {
+        id = AddText(L"same", 0, ++y);
     }
     const ULONGLONG start = ::GetTickCount64();
     Select(ids);
