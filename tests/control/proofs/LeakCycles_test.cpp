@@ -1,0 +1,83 @@
+#include "refhost/rx/Modules.h"
+#include "tests/control/proofs/AvailableClasses.h"
+#include "tests/control/proofs/ModuleLock.h"
+#include "tests/control/support/RowContainer.h"
+#include "tests/support/LeakCheck.h"
+
+namespace {
+
+// The first ones fill what is made once and kept.
+constexpr int c_firstCycles = 20;
+constexpr int c_cycles = 2'000;
+
+class LeakCycles : public kvtest::RowContainer, public ::testing::WithParamInterface<kvtest::AvailableClass> {
+protected:
+    ~LeakCycles() override {
+        Discard();
+        EXPECT_EQ(kvtest::AskModuleCanUnload(), S_OK);
+    }
+
+    /// A whole life of a row, with one edit that is committed.
+    void RunCycle() {
+        Create(*GetParam().id);
+        kvhost::ScriptedObject& object = MakeObject(L"A", L"before");
+        ASSERT_EQ(InitEdit({&object}), S_OK);
+        ASSERT_EQ(DoVerb(OLEIVERB_INPLACEACTIVATE), S_OK);
+        ::UpdateWindow(Row());
+        ASSERT_EQ(DoVerb(OLEIVERB_UIACTIVATE), S_OK);
+        const HWND box = ::GetFocus();
+        ASSERT_TRUE(::IsChild(Row(), box));
+        ::SendMessageW(box, EM_SETSEL, 0, -1);
+        for (const wchar_t character : {L'n', L'e', L'w'}) {
+            ::SendMessageW(box, WM_CHAR, character, 1);
+        }
+        ::PostMessageW(box, WM_KEYDOWN, VK_RETURN, 1);  // the message loop offers keys to the row first
+        kvtest::PumpWaiting();
+        ASSERT_EQ(fw::Variant::ViewString(object.At(c_property).Get()), L"new");
+        ASSERT_EQ(As<IOleInPlaceObject>()->UIDeactivate(), S_OK);
+        ASSERT_EQ(As<IOleInPlaceObject>()->InPlaceDeactivate(), S_OK);
+        Discard();
+        kvtest::PumpWaiting();
+        Clear();
+    }
+    void RunCycles(int count) {
+        for (int cycle = 0; cycle < count && !HasFatalFailure(); ++cycle) {
+            RunCycle();
+        }
+    }
+};
+
+TEST_P(LeakCycles, WholeLives_LeaveNothingBehind) {
+    RunCycles(c_firstCycles);
+    const kvtest::LeakCheck check;
+    RunCycles(c_cycles);
+    EXPECT_EQ(check.Describe(), "");
+    EXPECT_EQ(host->Editor().OpenMarks(), 0);
+    EXPECT_EQ(host->Editor().UserBreakDisabled(), 0);
+}
+
+// What the system counts for the process, threads and events among it.
+TEST_P(LeakCycles, WholeLives_OpenNoHandles) {
+    RunCycles(c_firstCycles);
+    DWORD before = 0;
+    DWORD after = 0;
+    ASSERT_TRUE(::GetProcessHandleCount(::GetCurrentProcess(), &before));
+    RunCycles(100);
+    ASSERT_TRUE(::GetProcessHandleCount(::GetCurrentProcess(), &after));
+    EXPECT_LE(after, before);
+}
+
+TEST_P(LeakCycles, ModuleAfterItsLastRow_UnloadsAndLoadsAgain) {
+    for (int load = 0; load < 3; ++load) {
+        RunCycle();
+        EXPECT_EQ(kvtest::AskModuleCanUnload(), S_OK);
+        kvhost::Modules::UnloadAll();
+        ::CoFreeUnusedLibrariesEx(0, 0);
+        EXPECT_EQ(::GetModuleHandleW(L"KvPEXCtl.qmx"), nullptr) << "load " << load;
+    }
+    RunCycle();
+}
+
+KV_FOR_EACH_AVAILABLE_CLASS(LeakCycles);
+
+}  // namespace
