@@ -6,16 +6,17 @@
 #include "core/CIPropEditUIEvents.h"
 #include "core/CKvPeBasePrivate.h"
 #include "core/CKvPeCtrlBase.h"
+#include "core/Export.h"
 #include "framework/com/CComControl.h"
 #include "framework/com/Guarded.h"
 #include "framework/com/TypeLibDispatch.h"
 
 /// What all shells share: the embedded control that the palette sees. It holds the logic of one row, forwards
 /// to it what the container and the user do, and carries the logic's events to the palette's sinks.
-class CKvPeShell : public CComControl,
-                   public fw::TypeLibDispatch<CKvPeShell, IKvPiPropertyEditControl2>,
-                   public CIPropEditUIEvents,
-                   public CKvPeBasePrivate {
+class KVPEX_API CKvPeShell : public CComControl,
+                             public fw::TypeLibDispatch<CKvPeShell, IKvPiPropertyEditControl2>,
+                             public CIPropEditUIEvents,
+                             public CKvPeBasePrivate {
 public:
     static std::span<const fw::InterfaceEntry> Interfaces();
 

@@ -1,0 +1,31 @@
+# The kit for modules with editors of their own: headers, type library, import libraries and what runs with them.
+#   cmake --install BUILDFOLDER --component kit --prefix FOLDER
+install(DIRECTORY framework host_sdk core families DESTINATION include COMPONENT kit
+    FILES_MATCHING PATTERN "*.h" PATTERN "*.inc"
+    PATTERN module EXCLUDE PATTERN register EXCLUDE PATTERN typelib EXCLUDE)
+set(KV_TYPELIB_FOLDER ${CMAKE_BINARY_DIR}/core/typelib)
+install(FILES ${KV_TYPELIB_FOLDER}/KvPEXCtl_h.h ${KV_TYPELIB_FOLDER}/KvPEXCtl_i.c ${KV_TYPELIB_FOLDER}/KvPEXCtl.tlb
+    DESTINATION include COMPONENT kit)
+install(TARGETS KvFrame KvHost KvPEXCtl
+    RUNTIME DESTINATION bin COMPONENT kit
+    ARCHIVE DESTINATION lib COMPONENT kit)
+install(FILES $<TARGET_FILE:KvPEXCtlRes> ${KV_RUNTIME_DLLS} DESTINATION bin COMPONENT kit)
+
+# The build installs the kit for its own test of it.
+set(KV_KIT ${CMAKE_BINARY_DIR}/kit)
+set(KV_KIT_STAMP ${CMAKE_BINARY_DIR}/kit.stamp)
+set(patterns)
+foreach(layer framework host_sdk core families)
+    list(APPEND patterns ${CMAKE_SOURCE_DIR}/${layer}/*.h)
+endforeach()
+file(GLOB_RECURSE kit_headers CONFIGURE_DEPENDS ${patterns})
+add_custom_command(OUTPUT ${KV_KIT_STAMP}
+    BYPRODUCTS ${KV_KIT}/include/KvPEXCtl_i.c
+        ${KV_KIT}/lib/libKvFrame.dll.a ${KV_KIT}/lib/libKvHost.dll.a ${KV_KIT}/lib/libKvPEXCtl.dll.a
+    COMMAND ${CMAKE_COMMAND} -E rm -rf ${KV_KIT}
+    COMMAND ${CMAKE_COMMAND} --install ${CMAKE_BINARY_DIR} --component kit --prefix ${KV_KIT} >${CMAKE_BINARY_DIR}/kit.log
+    COMMAND ${CMAKE_COMMAND} -E touch ${KV_KIT_STAMP}
+    DEPENDS KvFrame KvHost KvPEXCtl KvPEXCtlRes ${kit_headers} ${CMAKE_SOURCE_DIR}/core/ClassList.inc
+        ${CMAKE_CURRENT_LIST_FILE}
+    COMMENT "Installing the kit")
+add_custom_target(kv_kit DEPENDS ${KV_KIT_STAMP})
