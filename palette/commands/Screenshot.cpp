@@ -60,7 +60,8 @@ public:
     bool Write(const std::wstring& path) {
         ::GdiFlush();
         std::vector<BYTE> pixels;
-        pixels.reserve(static_cast<std::size_t>(Width()) * static_cast<std::size_t>(Height()) * 3);
+        const auto count = static_cast<std::size_t>(Width()) * static_cast<std::size_t>(Height());
+        pixels.reserve(count * 3);
         const auto* const bits = static_cast<const DWORD*>(m_bits);
         std::for_each(bits, bits + static_cast<std::ptrdiff_t>(Width()) * Height(), [&](DWORD color) {
             pixels.push_back(static_cast<BYTE>(color >> 16));
