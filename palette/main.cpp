@@ -64,6 +64,7 @@ ExitStatus RunProgram(const CommandLine& commandLine) {
     }
     window.ShowWindow(SW_SHOW);
     PumpMessages();
+    BringToFront(window.m_hWnd);
     if (!commandLine.commands.empty()) {
         return CommandRunner(*host, window, catalogue).Run(commandLine.commands);
     }

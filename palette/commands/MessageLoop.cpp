@@ -4,6 +4,8 @@ namespace kvpalette {
 
 namespace {
 
+constexpr DWORD c_longestWaitForFront = 500;
+
 void Dispatch(const MSG& message) {
     ::TranslateMessage(&message);
     ::DispatchMessageW(&message);
@@ -27,6 +29,13 @@ void PumpMessages() {
             return;
         }
         Dispatch(message);
+    }
+}
+
+void BringToFront(HWND window) {
+    if (::GetForegroundWindow() != window) {
+        ::SetForegroundWindow(window);
+        PumpUntil([window] { return ::GetForegroundWindow() == window; }, c_longestWaitForFront);
     }
 }
 

@@ -16,6 +16,7 @@ namespace {
 // The control's mark on its tip window.
 constexpr LONG_PTR c_tipMark = 1042;
 constexpr DWORD c_longestWaitForTip = 3000;
+constexpr int c_mostAttempts = 3;
 
 BOOL CALLBACK FindVisibleTip(HWND window, LPARAM result) {
     if (::IsWindowVisible(window) && ::GetWindowLongPtrW(window, GWLP_USERDATA) == c_tipMark) {
@@ -91,14 +92,26 @@ CommandResult RowEditor::Begin(const std::wstring& name, std::size_t& row, HWND&
         return CommandResult::Refused(L"the row's control " + Row(row).property.control +
                                       L" is not available");
     }
-    RowsPane& pane = m_window.Palette().Pane();
-    pane.ShowRow(row);
+    m_window.Palette().Pane().ShowRow(row);
     PumpMessages();  // some controls make their box when they are first painted
-    const HRESULT activated = pane.ActivateRow(row);
-    PumpMessages();
-    edit = EditInFocus();
+    const HRESULT activated = Activate(row, edit);
     return FAILED(activated) || !edit ? CommandResult::Refused(L"the row does not go into edit")
                                       : CommandResult::Done();
+}
+
+// Other programs may take the foreground in the middle, which ends an edit: it is begun anew then.
+HRESULT RowEditor::Activate(std::size_t row, HWND& edit) {
+    HRESULT activated = E_FAIL;
+    for (int attempt = 0; attempt < c_mostAttempts; ++attempt) {
+        BringToFront(m_window.m_hWnd);
+        activated = m_window.Palette().Pane().ActivateRow(row);
+        PumpMessages();
+        edit = EditInFocus();
+        if (FAILED(activated) || edit) {
+            break;
+        }
+    }
+    return activated;
 }
 
 HWND RowEditor::EditInFocus() const {

@@ -34,6 +34,7 @@ private:
     CommandResult JudgeEdit(std::size_t row, const RowReading& before, const std::wstring& typed);
     std::wstring LockedReason(std::size_t row);
     HWND EditInFocus() const;
+    HRESULT Activate(std::size_t row, HWND& edit);
     PaletteRow& Row(std::size_t row) { return m_window.Palette().Pane().Rows()[row]; }
 
     MainWindow& m_window;

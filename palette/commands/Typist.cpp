@@ -8,8 +8,6 @@ namespace {
 
 constexpr LPARAM c_pressed = 1;
 constexpr LPARAM c_released = static_cast<LPARAM>(0xC0000001);
-// A thread's queue takes 10,000 messages.
-constexpr std::size_t c_charactersAtOnce = 2000;
 
 }  // namespace
 
@@ -20,11 +18,9 @@ void Typist::TypeText(const std::wstring& text) const {
     }
     // A key goes down before the first character: that is how a box learns that its user has begun.
     PressKey(VK_SHIFT);
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        ::PostMessageW(m_window, WM_CHAR, text[i], c_pressed);
-        if (i % c_charactersAtOnce == c_charactersAtOnce - 1) {
-            PumpMessages();
-        }
+    // Sent, not posted: another program that takes the focus cannot come between two characters.
+    for (const wchar_t character : text) {
+        ::SendMessageW(m_window, WM_CHAR, character, c_pressed);
     }
     PumpMessages();
 }
