@@ -7,6 +7,7 @@
 template <class Logic>
 struct KvPeClassIdOf;
 
+// NOLINTBEGIN(bugprone-macro-parentheses): a class name cannot stand in parentheses
 #define KVPE_CLASS(coclassName, version, classId, className, state, description, further) \
     class className;                                                                      \
     template <>                                                                           \
@@ -15,3 +16,4 @@ struct KvPeClassIdOf;
     };
 #include "core/ClassList.inc"
 #undef KVPE_CLASS
+// NOLINTEND(bugprone-macro-parentheses)

@@ -3,8 +3,6 @@
 
 namespace {
 
-using kvtest::FakeSite;
-
 class RowInterfaces : public kvtest::RowContainer, public ::testing::WithParamInterface<const CLSID*> {};
 class TextRowInterfaces : public kvtest::RowContainer {
 protected:

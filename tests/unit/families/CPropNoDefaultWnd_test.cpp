@@ -33,7 +33,7 @@ TEST_F(UnspecifiedHint, BeginEdit_ShowsTheHintBelowTheRow) {
 
 TEST_F(UnspecifiedHint, Window_IsAToolPopup) {
     Open();
-    EXPECT_TRUE(::GetWindowLongW(Hint(), GWL_STYLE) & WS_POPUP);
+    EXPECT_TRUE(static_cast<DWORD>(::GetWindowLongW(Hint(), GWL_STYLE)) & WS_POPUP);
     EXPECT_EQ(::GetWindowLongW(Hint(), GWL_EXSTYLE) & WS_EX_TOOLWINDOW, WS_EX_TOOLWINDOW);
 }
 

@@ -77,7 +77,8 @@ TEST(EditRowPainter, Draw_Fill_FillsTheWholeRowThenDrawsTheText) {
     EXPECT_EQ(drawn[1].origin.x, 2);
     const int top = 1 + (21 - HeightOf(font.Get())) / 2;
     // The rest is centred below that; who rounds how is the system's.
-    EXPECT_NEAR(drawn[1].origin.y, top + (21 - top - HeightOf(font.Get())) / 2, 1);
+    const int rest = (21 - top - HeightOf(font.Get())) / 2;
+    EXPECT_NEAR(drawn[1].origin.y, top + rest, 1);
 }
 
 TEST(EditRowPainter, Draw_Keep_LeavesTheGround) {
