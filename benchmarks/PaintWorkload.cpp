@@ -83,7 +83,7 @@ void MeasurePainting(Drawing& drawing, std::vector<Figure>& figures) {
         draw();
         ::GdiFlush();
         const auto* const first = static_cast<const DWORD*>(pixels);
-        return std::vector<DWORD>(first, first + c_width * c_height);
+        return std::vector<DWORD>(first, first + static_cast<std::ptrdiff_t>(c_width) * c_height);
     };
     Require(pixelsOf(paint) == pixelsOf(paintDirectly), "row and floor paint the same");
     figures.push_back(Measure("paint", 0, paint, paintDirectly));

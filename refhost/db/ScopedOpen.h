@@ -13,7 +13,7 @@ public:
         Object* object = nullptr;
         m_status = Database::Open(object, id, mode, openErased);
         m_object = dynamic_cast<T*>(object);
-        if (m_status == Tolm::eOk && m_object == nullptr) {
+        if (object != nullptr && m_object == nullptr) {
             object->Close();
             m_status = Tolm::eNotThatKindOfClass;
         }
