@@ -20,6 +20,8 @@ RUNTIME = "/usr/lib/gcc/x86_64-w64-mingw32/12-posix/include/c++"
 ARGUMENTS = ["clang-tidy", "--quiet", "--extra-arg-before=--target=x86_64-w64-windows-gnu", "--extra-arg=-nostdinc++",
              f"--extra-arg=-isystem{RUNTIME}", f"--extra-arg=-isystem{RUNTIME}/x86_64-w64-mingw32"]
 STAMPS = os.path.join(ROOT, "build", "lint")
+# Precompiled headers are another compiler's; without them, a source shows which includes it lacks.
+PRECOMPILED = re.compile(r"(-Winvalid-pch|-include \S+/cmake_pch\.hxx) ")
 # Tests and workloads are left to the compiler's warnings and to cppcheck: linting them too would take as long again as
 # all the rest of ./test. Name a file to lint it all the same.
 NOT_SHIPPED = ("tests/", "benchmarks/")
@@ -51,7 +53,9 @@ def key_of(path, command):
 def sources(build):
     """(path from the root, compile command) of our own sources."""
     with open(os.path.join(build, "compile_commands.json"), encoding="utf-8") as file:
-        commands = json.load(file)
+        commands = json.loads(PRECOMPILED.sub("", file.read()))
+    with open(os.path.join(STAMPS, "compile_commands.json"), "w", encoding="utf-8") as file:
+        json.dump(commands, file)
     build_prefix = os.path.join(ROOT, "build") + os.sep
     for command in commands:
         path = command["file"]
@@ -64,9 +68,9 @@ def unused_sources(compiled):
     return [path for path in project_files(".cpp") if path not in compiled]
 
 
-def lint(build, path, key):
+def lint(path, key):
     """The findings in one source; remembers the key when there are none."""
-    result = subprocess.run(ARGUMENTS + ["-p", build, path], cwd=ROOT, capture_output=True, text=True, check=False)
+    result = subprocess.run(ARGUMENTS + ["-p", STAMPS, path], cwd=ROOT, capture_output=True, text=True, check=False)
     if result.returncode == 0:
         with open(os.path.join(STAMPS, key), "w", encoding="utf-8"):
             return ""
@@ -88,7 +92,7 @@ def main(build, only):
             work.setdefault(path, key)
     failed = 0
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        for findings in pool.map(lambda item: lint(build, *item), work.items()):
+        for findings in pool.map(lambda item: lint(*item), work.items()):
             if findings:
                 print(findings, flush=True)
                 failed += 1

@@ -1,0 +1,23 @@
+# Two thirds of a source's compile time is reading the platform's and the library's headers. They are read once and the
+# result is shared by all targets. It hides no missing include: headers are compiled alone and clang-tidy reads every
+# shipped source without it.
+set(precompiled_platform
+    ${CMAKE_SOURCE_DIR}/framework/base/WindowsApi.h
+    <algorithm> <array> <cmath> <functional> <map> <memory> <optional> <span> <string> <string_view> <utility> <vector>)
+
+# kv_make_precompiled(NAME header... [LIBS target...])
+function(kv_make_precompiled name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LIBS")
+    set(source ${CMAKE_BINARY_DIR}/precompiled/${name}.cpp)
+    file(CONFIGURE OUTPUT ${source} CONTENT "// Carries the precompiled headers.\n")
+    add_library(${name} OBJECT ${source})
+    target_link_libraries(${name} PRIVATE kv_options ${arg_LIBS})
+    list(TRANSFORM arg_UNPARSED_ARGUMENTS REPLACE "(.+)" "$<$<COMPILE_LANGUAGE:CXX>:\\1>")
+    target_precompile_headers(${name} PRIVATE ${arg_UNPARSED_ARGUMENTS})
+endfunction()
+
+# This compiler sees a copy beyond the bounds in concatenations of strings (a known false alarm); out of precompiled
+# headers it forgets that the place is the library's and tells of it.
+target_compile_options(kv_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wno-array-bounds>)
+
+kv_make_precompiled(kv_precompiled ${precompiled_platform})
