@@ -67,11 +67,9 @@ protected:
         kvtest::PumpWaiting();
     }
 
-    void InitWithOneObject() {
-        const kvtest::ClassScenario& scenario = *GetParam().scenario;
-        scenario.Arrange(m_host->Documents().New().GetDatabase());
+    void InitWithText(const wchar_t* text) {
         m_object = kvhost::ScriptedObject::Make(L"A");
-        scenario.Give(*m_object, c_property, scenario.before);
+        m_object->At(c_property).Set(text);
         IDispatch* const selection[] = {m_object.Get()};
         IUnknown* const none[] = {nullptr};
         const LONG ids[] = {c_property};
@@ -121,7 +119,7 @@ TEST_P(GenericContainer, Create_ShowsTheRowOverTheWholeContainer) {
 
 TEST_P(GenericContainer, Activate_OpensTheRowForTheUser) {
     CreateContained();
-    InitWithOneObject();
+    InitWithText(L"first");
     EXPECT_EQ(DoVerb(OLEIVERB_UIACTIVATE), S_OK);
     EXPECT_TRUE(::GetFocus() == Row() || ::IsChild(Row(), ::GetFocus()));
     EXPECT_EQ(m_control.As<IOleInPlaceObject>()->UIDeactivate(), S_OK);
@@ -130,7 +128,7 @@ TEST_P(GenericContainer, Activate_OpensTheRowForTheUser) {
 
 TEST_P(GenericContainer, Resize_MovesTheRowAlong) {
     CreateContained();
-    InitWithOneObject();
+    InitWithText(L"first");
     EXPECT_EQ(DoVerb(OLEIVERB_UIACTIVATE), S_OK);
     ::SetWindowPos(m_container, nullptr, 30, 40, 120, 30, SWP_NOZORDER | SWP_NOACTIVATE);
     kvtest::PumpWaiting();
@@ -140,7 +138,7 @@ TEST_P(GenericContainer, Resize_MovesTheRowAlong) {
 
 TEST_P(GenericContainer, HideAndShow_FollowTheVerbs) {
     CreateContained();
-    InitWithOneObject();
+    InitWithText(L"first");
     EXPECT_EQ(DoVerb(OLEIVERB_HIDE), S_OK);
     EXPECT_FALSE(::IsWindowVisible(Row()));
     EXPECT_EQ(DoVerb(OLEIVERB_SHOW), S_OK);
@@ -149,7 +147,7 @@ TEST_P(GenericContainer, HideAndShow_FollowTheVerbs) {
 
 TEST_P(GenericContainer, Destroy_WhileActive_EndsTheRowAndItsReferences) {
     CreateContained();
-    InitWithOneObject();
+    InitWithText(L"first");
     EXPECT_EQ(DoVerb(OLEIVERB_UIACTIVATE), S_OK);
     const HWND row = Row();
     ::DestroyWindow(m_container);
@@ -170,6 +168,7 @@ TEST_P(GenericContainer, CreateAgain_AfterTheModuleWasUnloaded_Works) {
     EXPECT_TRUE(::IsWindowVisible(Row()));
 }
 
-KV_FOR_EACH_AVAILABLE_CLASS(GenericContainer);
+INSTANTIATE_TEST_SUITE_P(AvailableClasses, GenericContainer, ::testing::ValuesIn(kvtest::AvailableClasses()),
+                         kvtest::NameOfClass);
 
 }  // namespace

@@ -21,7 +21,8 @@ TEST_P(ScriptHost, RegisteredControl_GivesAndTakesItsProperties) {
     EXPECT_EQ(RunScript(GetParam().progId), c_success);
 }
 
-KV_FOR_EACH_AVAILABLE_CLASS(ScriptHost);
+INSTANTIATE_TEST_SUITE_P(AvailableClasses, ScriptHost, ::testing::ValuesIn(kvtest::AvailableClasses()),
+                         kvtest::NameOfClass);
 
 TEST(ScriptHostUnregistered, Control_IsNotFoundByName) {
     ASSERT_EQ(kvtest::RunRegister(L" /u"), 0U);

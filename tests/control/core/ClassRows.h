@@ -14,12 +14,10 @@ struct ClassRow {
     const wchar_t* progId;
     const wchar_t* description;
     std::string_view state;
-    std::string_view further;  ///< names of the interfaces beyond the common ones, as "(IFirst, ISecond)"
 };
 
 #define KVPE_CLASS(coclassName, version, classId, className, state, description, further) \
-    {&CLSID_##coclassName, L"" #coclassName, L"KvPEXCtl." #coclassName "." #version,      \
-     L"" description,      #state,           #further},
+    {&CLSID_##coclassName, L"" #coclassName, L"KvPEXCtl." #coclassName "." #version, L"" description, #state},
 
 inline const std::vector<ClassRow> s_classRows{
 #include "core/ClassList.inc"
