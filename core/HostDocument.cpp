@@ -4,6 +4,7 @@
 #include "framework/window/MainWindow.h"
 #include "host_sdk/KvApDocument.h"
 #include "host_sdk/KvDbDatabase.h"
+#include "host_sdk/KvDbHostApplicationServices.h"
 
 KvApDocument* CurrentHostDocument() {
     KvApDocManager* const manager = kvDocManagerPtr();
@@ -16,6 +17,12 @@ KvDbDatabase* DatabaseOf(const KvApDocument* document) {
 
 KvDbUndoController* UndoControllerOf(const KvDbDatabase* database) {
     return database != nullptr ? database->undoController() : nullptr;
+}
+
+bool IsCurrentDocumentActive() {
+    const KvDbHostApplicationServices* const services = kvdbHostApplicationServices();
+    const KvDbDatabase* const working = services != nullptr ? services->workingDatabase() : nullptr;
+    return working != nullptr && working == DatabaseOf(CurrentHostDocument());
 }
 
 void FocusMainWindow() {

@@ -10,5 +10,9 @@ class KvDbUndoController;
 [[nodiscard]] KvDbDatabase* DatabaseOf(const KvApDocument* document);
 [[nodiscard]] KvDbUndoController* UndoControllerOf(const KvDbDatabase* database);
 
+/// The host's working database and the current document's are there and the same: what a control asks of the
+/// drawing then concerns the drawing that its user sees.
+[[nodiscard]] bool IsCurrentDocumentActive();
+
 /// Gives the focus back to the application; nothing while the thread has no main window.
 void FocusMainWindow();

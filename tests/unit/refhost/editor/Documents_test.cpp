@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "framework/base/WindowsApi.h"
+#include "host_sdk/KvDbHostApplicationServices.h"
 #include "refhost/db/Line.h"
 #include "refhost/db/WorkingSet.h"
 #include "refhost/editor/DocumentManager.h"
@@ -17,8 +18,11 @@ TEST(Documents, Host_RunsForTheScopeOfItsSession) {
     EXPECT_EQ(Host::Current(), nullptr);
     EXPECT_EQ(kvDocManagerPtr(), nullptr);
     EXPECT_EQ(kvdbWorkingGlobals(), nullptr);
+    EXPECT_EQ(kvdbHostApplicationServices(), nullptr);
     {
         const HostSession session;
+        ASSERT_NE(kvdbHostApplicationServices(), nullptr);
+        EXPECT_EQ(kvdbHostApplicationServices()->workingDatabase(), nullptr);
         EXPECT_EQ(Host::Current(), &*session);
         ASSERT_NE(kvDocManagerPtr(), nullptr);
         EXPECT_EQ(kvDocManagerPtr()->curDocument(), nullptr);
@@ -38,6 +42,8 @@ TEST(Documents, FirstDocument_IsCurrentUntilAnotherIsMadeSo) {
     EXPECT_EQ(session->WorkingDatabase(), &second.GetDatabase());
     session->SetWorkingDatabase(&first.GetDatabase());
     EXPECT_EQ(kvdbWorkingGlobals(), &first.GetDatabase().Globals());
+    EXPECT_EQ(kvdbHostApplicationServices()->workingDatabase(),
+              static_cast<KvDbDatabase*>(&first.GetDatabase()));
     EXPECT_EQ(Document::Of(&second.GetDatabase()), &second);
     EXPECT_EQ(first.Title(), L"Drawing1");
     EXPECT_EQ(second.Title(), L"Drawing2");

@@ -8,6 +8,7 @@
 #include "host_sdk/KvDbAssoc.h"
 #include "host_sdk/KvDbEntity.h"
 #include "host_sdk/KvDbGlobals.h"
+#include "host_sdk/KvDbHostApplicationServices.h"
 #include "host_sdk/KvDbLayerTableRecord.h"
 #include "host_sdk/KvDbUndoController.h"
 #include "host_sdk/KvEdSelection.h"
@@ -43,6 +44,7 @@ struct Application final : IUnknown {
 /// A host in which every service succeeds.
 struct Scene {
     kvhost::HostSession session;
+    KvDbHostApplicationServices* services = kvdbHostApplicationServices();
     kvhost::Document& document = session->Documents().New();
     Database& database = document.GetDatabase();
     KvDbObjectId line = kvtest::AppendNew<kvhost::Line>(database);
@@ -140,6 +142,10 @@ std::vector<Service> DatabaseServices() {
          }},
         {L"kvdbWorkingGlobals", L"kvdbWorkingGlobals",
          [](Scene&) { return kvdbWorkingGlobals() != nullptr; }},
+        {L"kvdbHostApplicationServices", L"kvdbHostApplicationServices",
+         [](Scene&) { return kvdbHostApplicationServices() != nullptr; }},
+        {L"workingDatabase", L"workingDatabase",
+         [](Scene& scene) { return scene.services->workingDatabase() != nullptr; }},
         {L"getActiveTransaction", L"getActiveTransaction",
          [](Scene&) { return KvDbAssocArrayEditTransaction::getActiveTransaction() != nullptr; }},
         {L"kvedIsDragging", L"kvedIsDragging", [](Scene&) { return kvedIsDragging(); }},
