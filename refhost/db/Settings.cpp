@@ -8,6 +8,12 @@ namespace kvhost {
 
 namespace {
 
+constexpr double c_fullTurn = 6.283185307179586;
+
+bool IsInFullTurn(double radians) {
+    return radians >= -c_fullTurn && radians <= c_fullTurn;
+}
+
 bool IsInRange(int value, int lowest, int highest) {
     return value >= lowest && value <= highest;
 }
@@ -26,6 +32,10 @@ Tolm::ErrorStatus Settings::ChangeInRange(std::int32_t& field, int value, int lo
     return IsInRange(value, lowest, highest) ? Change(field, value) : Tolm::eInvalidInput;
 }
 
+Tolm::ErrorStatus Settings::SetAngleBase(double radians) {
+    return IsInFullTurn(radians) ? Change(m_angleBase, radians) : Tolm::eInvalidInput;
+}
+
 Tolm::ErrorStatus Settings::SetCurrentLayer(KvDbObjectId layer) {
     const Layer* const record = Database::PeekAs<Layer>(layer);
     if (record == nullptr || record->IsErased() || record->GetDatabase() != GetDatabase()) {
@@ -42,6 +52,8 @@ void Settings::VisitFields(FieldVisitor& visitor) {
     visitor.Integer("linearPrecision", m_linearPrecision, 4);
     visitor.Integer("angularUnits", m_angularUnits, 0);
     visitor.Integer("angularPrecision", m_angularPrecision, 0);
+    visitor.OptionalNumber("angleBase", m_angleBase, 0);
+    visitor.Integer("angleDirection", m_angleDirection, 0);
     visitor.Symbol("currentLayer", SymbolKind::Layer, m_currentLayer);
 }
 
@@ -55,7 +67,13 @@ std::wstring Settings::Complaint() const {
     if (!IsInRange(m_angularUnits, 0, 4)) {
         return L"angularUnits: must be 0 to 4";
     }
-    return IsInRange(m_angularPrecision, 0, 8) ? std::wstring() : L"angularPrecision: must be 0 to 8";
+    if (!IsInRange(m_angularPrecision, 0, 8)) {
+        return L"angularPrecision: must be 0 to 8";
+    }
+    if (!IsInFullTurn(m_angleBase)) {
+        return L"angleBase: must lie within a full turn either way";
+    }
+    return IsInRange(m_angleDirection, 0, 1) ? std::wstring() : L"angleDirection: must be 0 or 1";
 }
 
 }  // namespace kvhost

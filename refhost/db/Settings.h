@@ -27,6 +27,14 @@ public:
     Tolm::ErrorStatus SetAngularPrecision(int places) {
         return ChangeInRange(m_angularPrecision, places, 0, 8);
     }
+    /// The direction of the angle zero, in radians from the x axis, within a full turn either way.
+    [[nodiscard]] double AngleBase() const { return m_angleBase; }
+    Tolm::ErrorStatus SetAngleBase(double radians);
+    /// 0 counterclockwise, 1 clockwise.
+    [[nodiscard]] int AngleDirection() const { return m_angleDirection; }
+    Tolm::ErrorStatus SetAngleDirection(int direction) {
+        return ChangeInRange(m_angleDirection, direction, 0, 1);
+    }
     /// The layer that new entities lie on.
     [[nodiscard]] KvDbObjectId CurrentLayer() const { return m_currentLayer; }
     /// eInvalidInput for what is no layer, eNotAllowed for a frozen or external one.
@@ -48,6 +56,8 @@ private:
     std::int32_t m_linearPrecision = 4;
     std::int32_t m_angularUnits = 0;
     std::int32_t m_angularPrecision = 0;
+    double m_angleBase = 0;
+    std::int32_t m_angleDirection = 0;
     KvDbObjectId m_currentLayer;
 };
 

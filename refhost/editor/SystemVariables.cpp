@@ -31,13 +31,14 @@ struct Variable {
 template <auto Getter>
 VariableValue ReadSetting(const Host& host) {
     const Database* const database = host.WorkingDatabase();
-    return database != nullptr ? (database->GetSettings().*Getter)() : 0;
+    using Value = decltype((std::declval<const Settings&>().*Getter)());
+    return database != nullptr ? (database->GetSettings().*Getter)() : Value{};
 }
 
-template <auto Setter>
+template <auto Setter, class Value = int>
 Tolm::ErrorStatus WriteSetting(Database& database, const VariableValue& value) {
     const ScopedOpen<Settings> settings(database.SettingsId(), KvDb::kForWrite);
-    return settings ? ((*settings).*Setter)(std::get<int>(value)) : settings.Status();
+    return settings ? ((*settings).*Setter)(std::get<Value>(value)) : settings.Status();
 }
 
 VariableValue ReadCurrentLayer(const Host& host) {
@@ -80,7 +81,13 @@ VariableValue ReadIsModified(const Host& host) {
 
 constexpr double c_largeReal = 1e99;
 
+constexpr double c_fullTurn = 6.283185307179586;
+
 const std::array s_variables{
+    Variable{L"ANGBASE", 0.0, -c_fullTurn, c_fullTurn, ReadSetting<&Settings::AngleBase>,
+             WriteSetting<&Settings::SetAngleBase, double>},
+    Variable{L"ANGDIR", 0, 0, 1, ReadSetting<&Settings::AngleDirection>,
+             WriteSetting<&Settings::SetAngleDirection>},
     Variable{L"AUNITS", 0, 0, 4, ReadSetting<&Settings::AngularUnits>,
              WriteSetting<&Settings::SetAngularUnits>},
     Variable{L"AUPREC", 0, 0, 8, ReadSetting<&Settings::AngularPrecision>,

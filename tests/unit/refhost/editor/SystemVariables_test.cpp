@@ -50,8 +50,14 @@ TEST_F(Variables, SettingsOfTheDrawing_AreSetInItAndUndone) {
     EXPECT_EQ(database.GetSettings().LinearPrecision(), 8);
     EXPECT_EQ(database.GetSettings().AngularUnits(), 3);
     EXPECT_EQ(database.GetSettings().AngularPrecision(), 2);
-    EXPECT_EQ(database.Undo().UndoText(), L"AUPREC");
-    database.Undo().UndoByUser(4);
+    EXPECT_EQ(m_variables.Set(L"ANGBASE", 1.5), Outcome::Done);
+    EXPECT_EQ(m_variables.Set(L"ANGDIR", 1), Outcome::Done);
+    EXPECT_EQ(database.GetSettings().AngleBase(), 1.5);
+    EXPECT_EQ(database.GetSettings().AngleDirection(), 1);
+    EXPECT_EQ(Get(L"ANGBASE"), VariableValue(1.5));
+    EXPECT_EQ(database.Undo().UndoText(), L"ANGDIR");
+    database.Undo().UndoByUser(6);
+    EXPECT_EQ(Get(L"ANGBASE"), VariableValue(0.0));
     EXPECT_EQ(Get(L"LUNITS"), VariableValue(2));
     EXPECT_EQ(Get(L"QDFNAME"), VariableValue(std::wstring(L"Drawing1")));
 }
@@ -101,6 +107,8 @@ INSTANTIATE_TEST_SUITE_P(
         SetCase{L"GRIPOBJLIMIT", L"99999999999", Outcome::OutOfRange},
         SetCase{L"LUNITS", L"0", Outcome::OutOfRange}, SetCase{L"LUNITS", L"5", Outcome::Done},
         SetCase{L"LUNITS", L"6", Outcome::OutOfRange}, SetCase{L"AUPREC", L"9", Outcome::OutOfRange},
+        SetCase{L"ANGBASE", L"-6.28", Outcome::Done}, SetCase{L"ANGBASE", L"6.3", Outcome::OutOfRange},
+        SetCase{L"ANGBASE", L"nan", Outcome::OutOfRange}, SetCase{L"ANGDIR", L"2", Outcome::OutOfRange},
         SetCase{L"TEXTSIZE", L"3", Outcome::Done}, SetCase{L"TEXTSIZE", L"1e-3", Outcome::Done},
         SetCase{L"TEXTSIZE", L"0", Outcome::OutOfRange}, SetCase{L"TEXTSIZE", L"nan", Outcome::OutOfRange},
         SetCase{L"TEXTSIZE", L"2x", Outcome::WrongType}, SetCase{L"USERNAME", L"Jürgen", Outcome::Done},
