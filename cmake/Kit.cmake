@@ -1,6 +1,6 @@
 # The kit for modules with editors of their own: headers, type library, import libraries and what runs with them.
 #   cmake --install BUILDFOLDER --component kit --prefix FOLDER
-install(DIRECTORY framework host_sdk core families DESTINATION include COMPONENT kit
+install(DIRECTORY framework host_sdk core families preview DESTINATION include COMPONENT kit
     FILES_MATCHING PATTERN "*.h" PATTERN "*.inc"
     PATTERN module EXCLUDE PATTERN register EXCLUDE PATTERN typelib EXCLUDE)
 set(KV_TYPELIB_FOLDER ${CMAKE_BINARY_DIR}/core/typelib)
@@ -15,7 +15,7 @@ install(FILES $<TARGET_FILE:KvPEXCtlRes> ${KV_RUNTIME_DLLS} DESTINATION bin COMP
 set(KV_KIT ${CMAKE_BINARY_DIR}/kit)
 set(KV_KIT_STAMP ${CMAKE_BINARY_DIR}/kit.stamp)
 set(patterns)
-foreach(layer framework host_sdk core families)
+foreach(layer framework host_sdk core families preview)
     list(APPEND patterns ${CMAKE_SOURCE_DIR}/${layer}/*.h)
 endforeach()
 file(GLOB_RECURSE kit_headers CONFIGURE_DEPENDS ${patterns})

@@ -34,7 +34,7 @@ STDMETHODIMP FakeSite::QueryInterface(REFIID id, void** result) {
         *result = static_cast<IOleInPlaceSite*>(this);
     } else if (id == IID_IOleControlSite) {
         *result = static_cast<IOleControlSite*>(this);
-    } else if (id == IID_IDispatch) {
+    } else if (id == IID_IDispatch && offersAmbients) {
         *result = static_cast<IDispatch*>(this);
     } else {
         return E_NOINTERFACE;

@@ -21,6 +21,7 @@ public:
 
     /// Ambient properties; one that is not here gives DISP_E_MEMBERNOTFOUND.
     std::map<DISPID, fw::Variant> ambients;
+    bool offersAmbients = true;  ///< false: the site answers no query for IDispatch
     RECT place;
     HRESULT canInPlaceActivate = S_OK;
     HRESULT windowContextResult = S_OK;

@@ -14,6 +14,7 @@ class RecordingSink final : public IKvPiPropertyEditEventsSink2 {
 public:
     static fw::ComPtr<RecordingSink> Make(std::wstring name = {});
     static long LiveCount();
+    ULONG References() const { return m_references; }
 
     /// Runs after the event is noted; what it returns is the sink's result.
     std::function<HRESULT(const std::wstring& event)> onEvent;

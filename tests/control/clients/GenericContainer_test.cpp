@@ -67,9 +67,11 @@ protected:
         kvtest::PumpWaiting();
     }
 
-    void InitWithText(const wchar_t* text) {
+    void InitWithOneObject() {
+        const kvtest::ClassScenario& scenario = *GetParam().scenario;
+        scenario.Arrange(m_host->Documents().New().GetDatabase());
         m_object = kvhost::ScriptedObject::Make(L"A");
-        m_object->At(c_property).Set(text);
+        scenario.Give(*m_object, c_property, scenario.before);
         IDispatch* const selection[] = {m_object.Get()};
         IUnknown* const none[] = {nullptr};
         const LONG ids[] = {c_property};
@@ -119,7 +121,7 @@ TEST_P(GenericContainer, Create_ShowsTheRowOverTheWholeContainer) {
 
 TEST_P(GenericContainer, Activate_OpensTheRowForTheUser) {
     CreateContained();
-    InitWithText(L"first");
+    InitWithOneObject();
     EXPECT_EQ(DoVerb(OLEIVERB_UIACTIVATE), S_OK);
     EXPECT_TRUE(::GetFocus() == Row() || ::IsChild(Row(), ::GetFocus()));
     EXPECT_EQ(m_control.As<IOleInPlaceObject>()->UIDeactivate(), S_OK);
@@ -128,7 +130,7 @@ TEST_P(GenericContainer, Activate_OpensTheRowForTheUser) {
 
 TEST_P(GenericContainer, Resize_MovesTheRowAlong) {
     CreateContained();
-    InitWithText(L"first");
+    InitWithOneObject();
     EXPECT_EQ(DoVerb(OLEIVERB_UIACTIVATE), S_OK);
     ::SetWindowPos(m_container, nullptr, 30, 40, 120, 30, SWP_NOZORDER | SWP_NOACTIVATE);
     kvtest::PumpWaiting();
@@ -138,7 +140,7 @@ TEST_P(GenericContainer, Resize_MovesTheRowAlong) {
 
 TEST_P(GenericContainer, HideAndShow_FollowTheVerbs) {
     CreateContained();
-    InitWithText(L"first");
+    InitWithOneObject();
     EXPECT_EQ(DoVerb(OLEIVERB_HIDE), S_OK);
     EXPECT_FALSE(::IsWindowVisible(Row()));
     EXPECT_EQ(DoVerb(OLEIVERB_SHOW), S_OK);
@@ -147,7 +149,7 @@ TEST_P(GenericContainer, HideAndShow_FollowTheVerbs) {
 
 TEST_P(GenericContainer, Destroy_WhileActive_EndsTheRowAndItsReferences) {
     CreateContained();
-    InitWithText(L"first");
+    InitWithOneObject();
     EXPECT_EQ(DoVerb(OLEIVERB_UIACTIVATE), S_OK);
     const HWND row = Row();
     ::DestroyWindow(m_container);
@@ -168,7 +170,6 @@ TEST_P(GenericContainer, CreateAgain_AfterTheModuleWasUnloaded_Works) {
     EXPECT_TRUE(::IsWindowVisible(Row()));
 }
 
-INSTANTIATE_TEST_SUITE_P(AvailableClasses, GenericContainer, ::testing::ValuesIn(kvtest::AvailableClasses()),
-                         kvtest::NameOfClass);
+KV_FOR_EACH_AVAILABLE_CLASS(GenericContainer);
 
 }  // namespace

@@ -21,8 +21,7 @@ TEST_P(ScriptHost, RegisteredControl_GivesAndTakesItsProperties) {
     EXPECT_EQ(RunScript(GetParam().progId), c_success);
 }
 
-INSTANTIATE_TEST_SUITE_P(AvailableClasses, ScriptHost, ::testing::ValuesIn(kvtest::AvailableClasses()),
-                         kvtest::NameOfClass);
+KV_FOR_EACH_AVAILABLE_CLASS(ScriptHost);
 
 TEST(ScriptHostUnregistered, Control_IsNotFoundByName) {
     ASSERT_EQ(kvtest::RunRegister(L" /u"), 0U);

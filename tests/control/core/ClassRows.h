@@ -14,10 +14,12 @@ struct ClassRow {
     const wchar_t* progId;
     const wchar_t* description;
     std::string_view state;
+    std::string_view further;  ///< names of the interfaces beyond the common ones, as "(IFirst, ISecond)"
 };
 
 #define KVPE_CLASS(coclassName, version, classId, className, state, description, further) \
-    {&CLSID_##coclassName, L"" #coclassName, L"KvPEXCtl." #coclassName "." #version, L"" description, #state},
+    {&CLSID_##coclassName, L"" #coclassName, L"KvPEXCtl." #coclassName "." #version,      \
+     L"" description,      #state,           #further},
 
 inline const std::vector<ClassRow> s_classRows{
 #include "core/ClassList.inc"

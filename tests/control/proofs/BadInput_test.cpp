@@ -1,8 +1,8 @@
 #include "refhost/editor/HostSession.h"
 #include "refhost/testing/Answers.h"
-#include "tests/control/proofs/AvailableClasses.h"
 #include "tests/control/proofs/InitTriple.h"
 #include "tests/control/proofs/ModuleLock.h"
+#include "tests/control/support/AvailableClass.h"
 
 namespace {
 
@@ -16,7 +16,10 @@ constexpr int c_calls = 5'000;
 
 class BadInput : public ::testing::TestWithParam<kvtest::AvailableClass> {
 protected:
-    BadInput() { Renew(); }
+    BadInput() {
+        GetParam().scenario->Arrange(host->Documents().New().GetDatabase());
+        Renew();
+    }
     ~BadInput() override {
         control.Reset();
         EXPECT_TRUE(pool.IsReleased());
@@ -46,7 +49,7 @@ protected:
         dispids.PutLong(2, kvtest::SelectionPool::c_unknownProperty);
         // The last object cannot be read; the selection is there all the same.
         EXPECT_EQ(control->InitEditControl(&objects.value, &dynamicProperties.value, &dispids.value, 0),
-                  DISP_E_MEMBERNOTFOUND);
+                  pool.scenario.AnswerToInit(DISP_E_MEMBERNOTFOUND));
     }
     void CallSetValue() {
         RandomVariant value;
@@ -65,7 +68,8 @@ protected:
         value.Fill(random, nullptr, nullptr);
         BSTR const text = value.value.vt == VT_BSTR ? value.value.bstrVal : nullptr;
         const LONG flags = PickOnceIn(random, 2) ? static_cast<LONG>(random()) : 8;
-        EXPECT_EQ(control->LaunchDialog(text, flags), (flags & 24) == 8 ? S_OK : E_UNEXPECTED) << flags;
+        const HRESULT button = (flags & 24) == 24 ? pool.scenario.buttonAnswer : E_UNEXPECTED;
+        EXPECT_EQ(control->LaunchDialog(text, flags), (flags & 24) == 8 ? S_OK : button) << flags;
     }
     void CallColors() {
         const OLE_COLOR put = random();
@@ -93,7 +97,7 @@ protected:
     }
 
     kvhost::HostSession host;
-    kvtest::SelectionPool pool;
+    kvtest::SelectionPool pool{*GetParam().scenario};
     kvtest::RandomEngine random{20'240'607};
     fw::ComPtr<IKvPiPropertyEditControl2> control;
 };

@@ -1,35 +1,30 @@
 #include <algorithm>
-#include <cwchar>
 
 #include "framework/com/SafeArray.h"
 #include "refhost/automation/LiveObject.h"
 #include "refhost/automation/PropertyRows.h"
-#include "refhost/db/ScopedOpen.h"
-#include "refhost/db/Text.h"
 #include "refhost/db/UndoController.h"
 #include "refhost/rx/Modules.h"
 #include "refhost/testing/Answers.h"
 #include "refhost/testing/Faults.h"
-#include "tests/control/proofs/AvailableClasses.h"
 #include "tests/control/proofs/ModuleLock.h"
+#include "tests/control/support/AvailableClass.h"
 #include "tests/control/support/RowContainer.h"
 
 namespace {
 
-constexpr DISPID c_contents = 231;
 constexpr std::size_t c_mostCalls = 2'000;  // of one scenario; far more than any makes
 
-// Rows over real texts of a drawing: one host service after the other fails in the middle of what a user
+// Rows over real objects of a drawing: one host service after the other fails in the middle of what a user
 // does.
 class FaultSweep : public kvtest::RowContainer, public ::testing::WithParamInterface<kvtest::AvailableClass> {
 protected:
     using Step = void (FaultSweep::*)();
 
     FaultSweep() : undo(static_cast<kvhost::UndoController*>(document->GetDatabase().undoController())) {
+        scenario.Arrange(document->GetDatabase());
         for (KvDbObjectId& id : ids) {
-            auto text = std::make_unique<kvhost::Text>();
-            EXPECT_EQ(text->SetContent(c_before), Tolm::eOk);
-            EXPECT_EQ(document->GetDatabase().AppendEntity(std::move(text), id), Tolm::eOk);
+            id = scenario.append(document->GetDatabase());
         }
     }
     ~FaultSweep() override {
@@ -41,11 +36,11 @@ protected:
     }
 
     /// Runs the scenario with one failing call after the other, until a run meets no failure.
-    void Sweep(Step scenario) {
+    void Sweep(Step lead) {
         for (std::size_t failing = 1; failing < c_mostCalls && !HasFailure(); ++failing) {
             SetBack();
             kvhost::Faults::FailAnyService(failing);
-            (this->*scenario)();
+            (this->*lead)();
             ExpectBalanced();  // the end of the row is swept too
             const std::size_t calls = kvhost::Faults::CountedCalls();
             const std::string failed = kvtest::ToUtf8(kvhost::Faults::LastFailedService());
@@ -61,9 +56,7 @@ protected:
 
     void SetBack() {
         for (const KvDbObjectId id : ids) {
-            const kvhost::ScopedOpen<kvhost::Text> text(id, KvDb::kForWrite);
-            ASSERT_TRUE(static_cast<bool>(text));
-            EXPECT_EQ(text->SetContent(c_before), Tolm::eOk);
+            scenario.SetDrawn(id, scenario.before);
         }
         static_cast<void>(kvhost::Answers::TakeShown());
         looseEnds = host->Editor().LooseEnds();
@@ -95,17 +88,15 @@ protected:
     }
 
     kvhost::UndoController& Undo() { return *undo; }
-    [[nodiscard]] bool AreAll(const wchar_t* content) const {
-        return std::ranges::all_of(ids, [&](KvDbObjectId id) {
-            return kvhost::Database::PeekAs<kvhost::Text>(id)->Content() == content;
-        });
+    [[nodiscard]] bool AreAll(const kvtest::ScenarioValue& value) const {
+        return std::ranges::all_of(ids, [&](KvDbObjectId id) { return scenario.IsDrawn(id, value); });
     }
-    /// Each text has the new content, or somebody was told that one has not: the user by a message or by the
+    /// Each object has the new value, or somebody was told that one has not: the user by a message or by the
     /// row's text, the host by the mark of a locked object.
     void ExpectWrittenOrReported() {
         const bool isTold = isToldOfFailure || !kvhost::Answers::TakeShown().empty() ||
                             host->Editor().LooseEnds() > looseEnds;
-        EXPECT_TRUE(isTold || AreAll(c_after)) << "an object was left out in silence";
+        EXPECT_TRUE(isTold || AreAll(scenario.after)) << "an object was left out in silence";
     }
 
     // The steps of the scenarios. A step that cannot be done any more is left out.
@@ -122,18 +113,18 @@ protected:
         return control && FillRow();
     }
     bool FillRow() {
-        std::vector<fw::ComPtr<IDispatch>> texts(std::size(ids));
+        std::vector<fw::ComPtr<IDispatch>> drawn(std::size(ids));
         fw::Variant arrays[3];
         std::vector<IDispatch*> bare;
         for (std::size_t index = 0; index < std::size(ids); ++index) {
-            if (FAILED(kvhost::GetAutomationObject(ids[index], texts[index].Put()))) {
+            if (FAILED(kvhost::GetAutomationObject(ids[index], drawn[index].Put()))) {
                 isToldOfFailure = true;
                 return false;
             }
-            bare.push_back(texts[index].Get());
+            bare.push_back(drawn[index].Get());
         }
         const std::vector<IUnknown*> none(bare.size());
-        const std::vector<LONG> dispids(bare.size(), c_contents);
+        const std::vector<LONG> dispids(bare.size(), scenario.objectProperty);
         const auto count = static_cast<ULONG>(bare.size());
         EXPECT_EQ(fw::MakeDispatchArray(bare.data(), count, arrays[0]), S_OK);
         EXPECT_EQ(fw::MakeUnknownArray(none.data(), count, arrays[1]), S_OK);
@@ -150,34 +141,17 @@ protected:
         ::UpdateWindow(Row());
         return SUCCEEDED(DoVerb(OLEIVERB_UIACTIVATE));
     }
-    HWND FocusedBox() const {
-        const HWND focus = ::GetFocus();
-        return ::IsChild(Row(), focus) ? focus : nullptr;
+    bool Enter() {
+        const bool isEntered = scenario.edit.Enter(Row());
+        isToldOfFailure |= !isEntered;  // there is nothing to work in
+        return isEntered;
     }
-    bool Type(const wchar_t* text) {
-        const HWND box = FocusedBox();
-        if (!box) {
-            isToldOfFailure = true;  // there is no box to type into
-            return false;
+    void NoteWhatIsShown(HWND child) { isToldOfFailure |= !scenario.edit.IsShownIn(child); }
+    void EnterAndReturn() {
+        if (BeginActive() && Enter()) {
+            kvtest::PressInRow(Row(), VK_RETURN);
+            NoteWhatIsShown(kvtest::ChildInFocus(Row()));
         }
-        ::SendMessageW(box, EM_SETSEL, 0, -1);
-        for (const wchar_t* character = text; *character; ++character) {
-            ::SendMessageW(box, WM_CHAR, static_cast<WPARAM>(*character), 1);
-        }
-        return true;
-    }
-    void Press(WORD key) {
-        if (const HWND box = FocusedBox()) {
-            ::PostMessageW(box, WM_KEYDOWN, key, 1);  // the message loop offers keys to the row first
-            kvtest::PumpWaiting();
-        }
-    }
-    void NoteRowText() {
-        wchar_t text[50]{};
-        if (const HWND box = FocusedBox()) {
-            ::GetWindowTextW(box, text, 50);
-        }
-        isToldOfFailure |= std::wcscmp(text, c_after) != 0;
     }
 
 public:
@@ -185,29 +159,21 @@ public:
 
     void CreateAndInit() { Begin(); }
     void Activate() { BeginActive(); }
-    void TypeAndReturn() {
-        if (BeginActive() && Type(c_after)) {
-            Press(VK_RETURN);
-            NoteRowText();
-        }
+    void EditAndReturn() {
+        EnterAndReturn();
         ExpectWrittenOrReported();
     }
     void Hide() {
-        if (BeginActive() && Type(c_after)) {
-            const HWND box = FocusedBox();
+        if (BeginActive() && Enter()) {
+            const HWND child = kvtest::ChildInFocus(Row());
             static_cast<void>(DoVerb(OLEIVERB_HIDE));
-            wchar_t text[50]{};
-            ::GetWindowTextW(box, text, 50);
-            isToldOfFailure |= std::wcscmp(text, c_after) != 0;
+            NoteWhatIsShown(child);
         }
         ExpectWrittenOrReported();
     }
     void Refuse() {
         host->Editor().SetDragging(true);
-        if (BeginActive() && Type(c_after)) {
-            Press(VK_RETURN);
-            NoteRowText();
-        }
+        EnterAndReturn();
         host->Editor().SetDragging(false);
         ExpectWrittenOrReported();
     }
@@ -218,28 +184,27 @@ public:
             kvtest::PumpWaiting();
             ::SendMessageW(Row(), WM_MOUSELEAVE, 0, 0);
         }
-        EXPECT_TRUE(AreAll(c_before));
+        EXPECT_TRUE(AreAll(scenario.before));
     }
     void WriteAndUndo() {
-        TypeAndReturn();
+        EditAndReturn();
         CloseGroupThatTheHostKeptOpen();
         // The user takes it back: as one step where the group came about, else object by object.
-        while (Undo().UndoCount() > 0 && !AreAll(c_before)) {
+        while (Undo().UndoCount() > 0 && !AreAll(scenario.before)) {
             ASSERT_EQ(Undo().UndoByUser(1), Tolm::eOk);
         }
-        EXPECT_TRUE(AreAll(c_before));
+        EXPECT_TRUE(AreAll(scenario.before));
     }
     void Dialog() {
         if (Begin()) {
-            kvhost::Answers::QueueText(c_after);
-            EXPECT_EQ(control->LaunchDialog(fw::Bstr(c_before).Get(), 8), S_OK);
+            kvhost::Answers::QueueText(scenario.after.text);
+            EXPECT_EQ(control->LaunchDialog(fw::Bstr(scenario.before.text).Get(), 8), S_OK);
             kvhost::Answers::Reset();
         }
     }
 
 protected:
-    static constexpr const wchar_t* c_before = L"before";
-    static constexpr const wchar_t* c_after = L"after";
+    const kvtest::ClassScenario& scenario = *GetParam().scenario;
     KvDbObjectId ids[3];
     kvhost::UndoController* undo = nullptr;
     int looseEnds = 0;
@@ -254,8 +219,8 @@ TEST_P(FaultSweep, Activate_EachServiceFails) {
     Sweep(&FaultSweep::Activate);
 }
 
-TEST_P(FaultSweep, TypeAndReturn_EachServiceFails) {
-    Sweep(&FaultSweep::TypeAndReturn);
+TEST_P(FaultSweep, EditAndReturn_EachServiceFails) {
+    Sweep(&FaultSweep::EditAndReturn);
 }
 
 TEST_P(FaultSweep, HideInEdit_EachServiceFails) {

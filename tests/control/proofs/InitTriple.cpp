@@ -18,16 +18,17 @@ const Element* ElementAt(const RandomVariant& argument, const std::vector<Elemen
 
 }  // namespace
 
-SelectionPool::SelectionPool()
-    : same(kvhost::ScriptedObject::Make(L"A")),
+SelectionPool::SelectionPool(const ClassScenario& classScenario)
+    : scenario(classScenario),
+      same(kvhost::ScriptedObject::Make(L"A")),
       alike(kvhost::ScriptedObject::Make(L"B")),
       other(kvhost::ScriptedObject::Make(L"C")),
       dynamicProperty(
           kvhost::ScriptedDynamicProperty::Make(L"P", kvhost::OffersByObject | kvhost::OffersById)) {
-    same->At(c_property).Set(L"same");
-    alike->At(c_property).Set(L"SAME");
-    other->At(c_property).Set(L"other");
-    dynamicProperty->shared.Set(L"same");
+    scenario.Give(*same, c_property, scenario.before);
+    scenario.Give(*alike, c_property, scenario.alike);
+    scenario.Give(*other, c_property, scenario.after);
+    scenario.Give(*dynamicProperty, scenario.before);
 }
 
 bool SelectionPool::IsReleased() const {
@@ -183,7 +184,7 @@ HRESULT InitTriple::Expected() const {
         return E_FAIL;
     }
     const auto entries = Selection();
-    return entries ? Read(*entries) : E_FAIL;
+    return entries ? m_pool.scenario.AnswerToInit(Read(*entries)) : E_FAIL;
 }
 
 }  // namespace kvtest

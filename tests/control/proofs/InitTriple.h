@@ -4,9 +4,8 @@
 #include <ostream>
 #include <vector>
 
-#include "refhost/testing/ScriptedDynamicProperty.h"
-#include "refhost/testing/ScriptedObject.h"
 #include "tests/control/proofs/RandomVariant.h"
+#include "tests/control/support/ClassScenario.h"
 
 namespace kvtest {
 
@@ -16,12 +15,13 @@ struct SelectionPool {
     static constexpr DISPID c_unknownProperty = 77;  ///< no object has it
     static constexpr DISPID c_dynamic = -23;
 
-    SelectionPool();
+    explicit SelectionPool(const ClassScenario& classScenario);
 
-    fw::ComPtr<kvhost::ScriptedObject> same;                      ///< its text is "same"
-    fw::ComPtr<kvhost::ScriptedObject> alike;                     ///< its text differs in case only
-    fw::ComPtr<kvhost::ScriptedObject> other;                     ///< has another text
-    fw::ComPtr<kvhost::ScriptedDynamicProperty> dynamicProperty;  ///< "same" for all objects
+    const ClassScenario& scenario;
+    fw::ComPtr<kvhost::ScriptedObject> same;                      ///< its value is the scenario's first
+    fw::ComPtr<kvhost::ScriptedObject> alike;                     ///< its value counts as the same
+    fw::ComPtr<kvhost::ScriptedObject> other;                     ///< has another value
+    fw::ComPtr<kvhost::ScriptedDynamicProperty> dynamicProperty;  ///< the first value for all objects
 
     /// True when nobody but the pool holds one of them.
     [[nodiscard]] bool IsReleased() const;

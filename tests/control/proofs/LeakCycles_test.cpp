@@ -1,6 +1,6 @@
 #include "refhost/rx/Modules.h"
-#include "tests/control/proofs/AvailableClasses.h"
 #include "tests/control/proofs/ModuleLock.h"
+#include "tests/control/support/AvailableClass.h"
 #include "tests/control/support/RowContainer.h"
 #include "tests/support/LeakCheck.h"
 
@@ -12,6 +12,7 @@ constexpr int c_cycles = 2'000;
 
 class LeakCycles : public kvtest::RowContainer, public ::testing::WithParamInterface<kvtest::AvailableClass> {
 protected:
+    LeakCycles() { scenario.Arrange(document->GetDatabase()); }
     ~LeakCycles() override {
         Discard();
         EXPECT_EQ(kvtest::AskModuleCanUnload(), S_OK);
@@ -20,20 +21,17 @@ protected:
     /// A whole life of a row, with one edit that is committed.
     void RunCycle() {
         Create(*GetParam().id);
-        kvhost::ScriptedObject& object = MakeObject(L"A", L"before");
+        kvhost::ScriptedObject& object = MakeObject(L"A", L"");
+        scenario.Give(object, c_property, scenario.before);
         ASSERT_EQ(InitEdit({&object}), S_OK);
         ASSERT_EQ(DoVerb(OLEIVERB_INPLACEACTIVATE), S_OK);
         ::UpdateWindow(Row());
         ASSERT_EQ(DoVerb(OLEIVERB_UIACTIVATE), S_OK);
-        const HWND box = ::GetFocus();
-        ASSERT_TRUE(::IsChild(Row(), box));
-        ::SendMessageW(box, EM_SETSEL, 0, -1);
-        for (const wchar_t character : {L'n', L'e', L'w'}) {
-            ::SendMessageW(box, WM_CHAR, character, 1);
-        }
-        ::PostMessageW(box, WM_KEYDOWN, VK_RETURN, 1);  // the message loop offers keys to the row first
-        kvtest::PumpWaiting();
-        ASSERT_EQ(fw::Variant::ViewString(object.At(c_property).Get()), L"new");
+        ASSERT_TRUE(scenario.edit.Enter(Row()));
+        kvtest::PressInRow(Row(), VK_RETURN);
+        fw::Variant written;
+        ASSERT_EQ(written.CopyFrom(object.At(c_property).Get()), S_OK);
+        ASSERT_TRUE(scenario.after.IsSameAs(written));
         ASSERT_EQ(As<IOleInPlaceObject>()->UIDeactivate(), S_OK);
         ASSERT_EQ(As<IOleInPlaceObject>()->InPlaceDeactivate(), S_OK);
         Discard();
@@ -45,6 +43,8 @@ protected:
             RunCycle();
         }
     }
+
+    const kvtest::ClassScenario& scenario = *GetParam().scenario;
 };
 
 TEST_P(LeakCycles, WholeLives_LeaveNothingBehind) {

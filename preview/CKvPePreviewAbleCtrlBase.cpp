@@ -1,0 +1,20 @@
+#include "preview/CKvPePreviewAbleCtrlBase.h"
+
+#include "core/ModelessMarks.h"
+#include "host_sdk/KvEdServices.h"
+
+long CKvPePreviewAbleCtrlBase::Handle_OnBeginPropertyUpdate(int& handled) {
+    if (kvedIsLivePreviewRecording()) {
+        kvedSendModelessOperationStart(KVPE_MARK_CHANGE_PROPERTY_PREVIEW);
+        handled = 1;
+    }
+    return S_OK;
+}
+
+long CKvPePreviewAbleCtrlBase::Handle_OnEndPropertyUpdate(int& handled) {
+    if (kvedIsLivePreviewRecording()) {
+        kvedSendModelessOperationEnded(KVPE_MARK_CHANGE_PROPERTY_PREVIEW);
+        handled = 1;
+    }
+    return S_OK;
+}

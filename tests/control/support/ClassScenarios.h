@@ -1,0 +1,50 @@
+#pragma once
+
+#include <algorithm>
+
+#include "tests/control/support/ClassScenario.h"
+
+namespace kvtest {
+
+// The drawn objects of the table.
+KvDbObjectId AppendText(kvhost::Database& database);
+
+/// What each available class needs to join the suites. A class that is READY in core/ClassList.inc and has no
+/// row here does not compile.
+inline constexpr ClassScenario c_classScenarios[] = {
+    {.coclass = "KvPePropertyEditorText",
+     .before = {VT_BSTR, L"before"},
+     .alike = {VT_BSTR, L"BEFORE"},
+     .after = {VT_BSTR, L"after"},
+     .edit = Types(L"after"),
+     .objectClass = L"Text",
+     .objectProperty = 231,
+     .append = &AppendText},
+    {.coclass = "KvPePropertyEditorPwdText",
+     .before = {VT_BSTR, L"before"},
+     .alike = {VT_BSTR, L"BEFORE"},
+     .after = {VT_BSTR, L"after"},
+     .edit = Types(L"after"),
+     .objectClass = L"Text",
+     .objectProperty = 231,
+     .append = &AppendText},
+};
+
+/// The row of a class; null when it has none.
+constexpr const ClassScenario* FindScenario(std::string_view coclass) {
+    const auto* const found = std::ranges::find(c_classScenarios, coclass, &ClassScenario::coclass);
+    return found == std::end(c_classScenarios) ? nullptr : found;
+}
+
+#define KV_CHECK_SCENARIO_READY(coclassName)             \
+    static_assert(FindScenario(#coclassName) != nullptr, \
+                  #coclassName " is READY: give it a row in c_classScenarios");
+#define KV_CHECK_SCENARIO_LATER(coclassName)
+#define KVPE_CLASS(coclassName, version, classId, className, state, description, further) \
+    KV_CHECK_SCENARIO_##state(coclassName)
+#include "core/ClassList.inc"
+#undef KVPE_CLASS
+#undef KV_CHECK_SCENARIO_READY
+#undef KV_CHECK_SCENARIO_LATER
+
+}  // namespace kvtest
