@@ -3,7 +3,6 @@
 
 namespace {
 
-class RowInterfaces : public kvtest::RowContainer, public ::testing::WithParamInterface<const CLSID*> {};
 class TextRowInterfaces : public kvtest::RowContainer {
 protected:
     static fw::Variant Color(OLE_COLOR color) { return fw::Variant::FromLong(static_cast<LONG>(color)); }
@@ -49,97 +48,6 @@ protected:
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, RowInterfaces,
-                         ::testing::Values(&CLSID_KvPePropertyEditorText, &CLSID_KvPePropertyEditorPwdText));
-
-TEST_P(RowInterfaces, Query_CommonSet_IsAnsweredByOneObject) {
-    Create(*GetParam());
-    const IID* const ids[] = {&IID_IDispatch,
-                              &__uuidof(IKvPiPropertyEditControl),
-                              &__uuidof(IKvPiPropertyEditControl2),
-                              &IID_IOleControl,
-                              &IID_IOleObject,
-                              &IID_IOleInPlaceActiveObject,
-                              &IID_IViewObjectEx,
-                              &IID_IViewObject2,
-                              &IID_IViewObject,
-                              &IID_IOleInPlaceObjectWindowless,
-                              &IID_IOleInPlaceObject,
-                              &IID_IOleWindow,
-                              &IID_IConnectionPointContainer,
-                              &IID_IQuickActivate};
-    for (const IID* id : ids) {
-        fw::ComPtr<IUnknown> answer;
-        ASSERT_EQ(control->QueryInterface(*id, answer.PutVoid()), S_OK);
-        EXPECT_TRUE(fw::IsSameObject(answer.Get(), control.Get()));
-    }
-}
-
-TEST_P(RowInterfaces, Query_InterfacesOfOtherRows_AreRefused) {
-    Create(*GetParam());
-    const IID* const ids[] = {&__uuidof(IKvPeColorCtrl), &__uuidof(IKvPeButtonEditCtrl),
-                              &__uuidof(IKvPeNumericEditor), &__uuidof(IKvPeCalculatorCtrl),
-                              &IID_IPersistStreamInit};
-    for (const IID* id : ids) {
-        fw::ComPtr<IUnknown> answer;
-        EXPECT_EQ(control->QueryInterface(*id, answer.PutVoid()), E_NOINTERFACE);
-        EXPECT_FALSE(answer);
-    }
-}
-
-TEST_P(RowInterfaces, UserClassId_IsThatOfTheClass) {
-    Create(*GetParam());
-    CLSID classId{};
-    EXPECT_EQ(As<IOleObject>()->GetUserClassID(&classId), S_OK);
-    EXPECT_EQ(classId, *GetParam());
-}
-
-TEST_P(RowInterfaces, ConnectionPoints_AreTheSinkAndThePropertyNotices) {
-    Create(*GetParam());
-    const auto container = As<IConnectionPointContainer>();
-    fw::ComPtr<IConnectionPoint> point;
-    EXPECT_EQ(container->FindConnectionPoint(__uuidof(IKvPiPropertyEditEventsSink2), point.Put()), S_OK);
-    EXPECT_EQ(container->FindConnectionPoint(IID_IPropertyNotifySink, point.Put()), S_OK);
-    EXPECT_EQ(container->FindConnectionPoint(__uuidof(IKvPiPropertyEditEventsSink), point.Put()),
-              CONNECT_E_NOCONNECTION);
-}
-
-TEST_F(TextRowInterfaces, Dispatch_NamesAndIds_AreThoseOfTheTypeLibrary) {
-    Create(CLSID_KvPePropertyEditorText);
-    struct Expected {
-        const wchar_t* name;
-        DISPID id;
-    };
-    const Expected expected[] = {
-        {L"InitEditControl", 1},       {L"Refresh", 2},      {L"KeepFocus", 3},
-        {L"BackColor", -501},          {L"ForeColor", -513}, {L"ReadOnlyBackColor", -2000},
-        {L"ReadOnlyForeColor", -2001}, {L"Font", -512}};
-    for (const Expected& item : expected) {
-        auto* name = const_cast<wchar_t*>(item.name);
-        DISPID id = 0;
-        EXPECT_EQ(control->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id), S_OK);
-        EXPECT_EQ(id, item.id);
-    }
-}
-
-TEST_F(TextRowInterfaces, Dispatch_GetAndPutByName_ReachTheRow) {
-    Create(CLSID_KvPePropertyEditorText);
-    fw::Variant argument = Color(0x123456);
-    DISPID put = DISPID_PROPERTYPUT;
-    DISPPARAMS parameters{argument.Address(), &put, 1, 1};
-    EXPECT_EQ(control->Invoke(-501, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYPUT, &parameters, nullptr,
-                              nullptr, nullptr),
-              S_OK);
-    EXPECT_EQ(BackColor(), 0x123456u);
-    fw::Variant result;
-    DISPPARAMS none{};
-    EXPECT_EQ(control->Invoke(-501, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, result.Put(),
-                              nullptr, nullptr),
-              S_OK);
-    EXPECT_EQ(result.ChangeType(VT_I4), S_OK);
-    EXPECT_EQ(result.LongOr(0), 0x123456);
-}
-
 TEST_F(TextRowInterfaces, Colours_Initially_AreThoseOfAWindow) {
     Create(CLSID_KvPePropertyEditorText);
     EXPECT_EQ(ForeColor(), 0u);
@@ -170,61 +78,6 @@ TEST_F(TextRowInterfaces, Getters_NullPlace_GivePointerError) {
     EXPECT_EQ(control->get_KeepFocus(nullptr), E_POINTER);
     EXPECT_EQ(control->get_PropertyIdentifier(nullptr), E_POINTER);
     EXPECT_EQ(control->put_Font(nullptr), E_POINTER);
-}
-
-TEST_F(TextRowInterfaces, ControlInfo_NoAccelerators) {
-    Create(CLSID_KvPePropertyEditorText);
-    CONTROLINFO info{};
-    info.cAccel = 9;
-    info.hAccel = reinterpret_cast<HACCEL>(this);
-    info.dwFlags = 7;
-    EXPECT_EQ(As<IOleControl>()->GetControlInfo(&info), S_OK);
-    EXPECT_EQ(info.cb, 24u);
-    EXPECT_EQ(info.hAccel, nullptr);
-    EXPECT_EQ(info.cAccel, 0);
-    EXPECT_EQ(info.dwFlags, 0u);
-    EXPECT_EQ(As<IOleControl>()->GetControlInfo(nullptr), E_POINTER);
-}
-
-TEST_F(TextRowInterfaces, AmbientChange_All_AsksFontForeAndBackColourInThisOrder) {
-    Create(CLSID_KvPePropertyEditorText);
-    EXPECT_EQ(As<IOleControl>()->OnAmbientPropertyChange(-1), S_OK);
-    EXPECT_CALLS(journal, "Site.Ambient -703", "Site.Ambient -704", "Site.Ambient -701");
-}
-
-TEST_F(TextRowInterfaces, AmbientChange_One_AsksForThatOne) {
-    Create(CLSID_KvPePropertyEditorText);
-    const auto olecontrol = As<IOleControl>();
-    EXPECT_EQ(olecontrol->OnAmbientPropertyChange(-512), S_OK);
-    EXPECT_CALLS(journal, "Site.Ambient -703");
-    Clear();
-    EXPECT_EQ(olecontrol->OnAmbientPropertyChange(-513), S_OK);
-    EXPECT_CALLS(journal, "Site.Ambient -704");
-    Clear();
-    EXPECT_EQ(olecontrol->OnAmbientPropertyChange(-501), S_OK);
-    EXPECT_CALLS(journal, "Site.Ambient -701");
-    Clear();
-    EXPECT_EQ(olecontrol->OnAmbientPropertyChange(-500), S_OK);
-    EXPECT_NO_CALLS(journal);
-}
-
-TEST_F(TextRowInterfaces, AmbientChange_ValuesThere_AreTaken) {
-    Create(CLSID_KvPePropertyEditorText);
-    const fw::ComPtr<IFont> font = MakeFont(90000);
-    site->ambients[DISPID_AMBIENT_BACKCOLOR] = Color(0x111111);
-    site->ambients[DISPID_AMBIENT_FORECOLOR] = Color(0x222222);
-    site->ambients[DISPID_AMBIENT_FONT] = fw::Variant::FromUnknown(font.Get());
-    EXPECT_EQ(As<IOleControl>()->OnAmbientPropertyChange(-1), S_OK);
-    EXPECT_EQ(BackColor(), 0x111111u);
-    EXPECT_EQ(ForeColor(), 0x222222u);
-    EXPECT_TRUE(fw::IsSameObject(Font(), font.Get()));
-}
-
-TEST_F(TextRowInterfaces, AmbientChange_ValueMissing_LeavesTheRowsOwn) {
-    Create(CLSID_KvPePropertyEditorText);
-    EXPECT_EQ(control->put_BackColor(0x333333), S_OK);
-    EXPECT_EQ(As<IOleControl>()->OnAmbientPropertyChange(-1), S_OK);
-    EXPECT_EQ(BackColor(), 0x333333u);
 }
 
 TEST_F(TextRowInterfaces, Activation_WindowMade_TakesTheFiveAmbientsInOrder) {

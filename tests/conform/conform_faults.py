@@ -1,0 +1,91 @@
+#!/usr/bin/env python3
+"""Runs kvpexctl-conform against a server that is wrong on purpose: each fault must be found, and named."""
+
+import json
+import os
+import subprocess
+import sys
+
+# The fault that the server is asked for, and rules of which one must be reported as broken.
+FAULTS = {
+    "drops-interface": "query: IQuickActivate is answered",
+    "foreign-identity": "query: IOleWindow has the identity of the control",
+    "extra-interface": "query: IKvPeColorCtrl, which the class table does not give the class, is refused",
+    "quick-status": "quick: dwMiscStatus has the bits of an embedded control",
+    "quick-policy": "quick: dwPointerActivationPolicy is cleared",
+    "keeps-site": "activation: the site is let go",
+    "site-order": "activation: in place calls the site in this order",
+    "deaf-to-hide": "verbs: hide takes the control out of sight",
+    "asks-for-all": "ambients: of other changes it takes no note",
+    "fails-without-ambients": "ambients: a site without ambient properties is no failure",
+    "accelerators": "control information: no accelerators",
+    "other-class": "create: the control names its own class",
+    "first-sink": "connections: there is no point for the first sink interface",
+    "tells-twice": "events: sinks are called in the order of their connection",
+    "other-color-by-id": "dispatch: BackColor put through the interface is got by id",
+    "keeps-module": "create: the module can be unloaded when no control lives",
+}
+CLASS = "KvPePropertyEditorText"
+
+
+def run(runner, program, module, fault="", options=()):
+    environment = dict(os.environ, KV_CONFORM_FAULT=fault)
+    done = subprocess.run([runner, program, *options, module], env=environment, stdout=subprocess.PIPE,
+                          stderr=subprocess.DEVNULL, check=False)
+    return done.returncode, done.stdout.decode().replace("\r", "")
+
+
+def findings(output, subject):
+    for entry in json.loads(output)["subjects"] if output.startswith("{") else []:
+        if entry["name"] == subject:
+            return entry["findings"]
+    return []
+
+
+def main():
+    runner, program, faulty, plain_library = sys.argv[1:5]
+    complaints = []
+
+    def expect(what, holds):
+        if not holds:
+            complaints.append(what)
+
+    status, output = run(runner, program, faulty, options=["--json", "--class", CLASS])
+    expect(f"without a fault the class must conform: {output}", status == 0)
+
+    for fault, rule in FAULTS.items():
+        status, output = run(runner, program, faulty, fault, ["--json", "--class", CLASS])
+        expect(f"{fault}: status {status}", status == 1)
+        found = [entry for entry in findings(output, CLASS) if entry["rule"] == rule]
+        expect(f"{fault}: not found among {findings(output, CLASS)}", len(found) > 0)
+        expect(f"{fault}: what was expected is what was found",
+               all(entry["expected"] != entry["found"] for entry in found))
+
+    # The report for people names class, rule, expected and found.
+    status, output = run(runner, program, faulty, "accelerators", ["--class", CLASS])
+    expect(f"the text report: {output}",
+           f"FAIL  {CLASS}: " in output and FAULTS["accelerators"] in output and "expected: yes" in output
+           and "found:    no" in output)
+
+    # What the build registers is another module, and no manifest lies beside this one.
+    status, output = run(runner, program, faulty, options=["--json", "--registration"])
+    rules = [entry["rule"] for entry in findings(output, "the module")]
+    expect(f"the module: {rules}", f"registered: {CLASS} lies in the module" in rules
+           and "manifest: it lies beside the module and is well formed" in rules)
+    expect("nothing of it may stay registered", not any(rule.startswith("removed:") for rule in rules))
+
+    status, output = run(runner, program, plain_library, options=["--json"])
+    rules = [entry["rule"] for entry in findings(output, "the module")]
+    expect(f"no component server: {rules}", status == 1 and "type library: the module carries one" in rules)
+
+    expect("no such file", run(runner, program, "no-such-file.qmx")[0] == 3)
+    expect("no such option", run(runner, program, faulty, options=["--nonsense"])[0] == 2)
+    expect("no such class", run(runner, program, faulty, options=["--class", "Nonsense"])[0] == 2)
+
+    for complaint in complaints:
+        print(complaint)
+    return 1 if complaints else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

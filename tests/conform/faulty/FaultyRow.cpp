@@ -1,0 +1,130 @@
+#include "tests/conform/faulty/FaultyRow.h"
+
+#include <vector>
+
+#include "tests/conform/faulty/Fault.h"
+
+namespace {
+
+/// An interface that is no part of the control: it knows itself alone.
+class ForeignWindow final : public IOleWindow {
+public:
+    STDMETHODIMP QueryInterface(REFIID id, void** result) override {
+        const bool isKnown = id == IID_IUnknown || id == IID_IOleWindow;
+        *result = isKnown ? this : nullptr;
+        return isKnown ? S_OK : E_NOINTERFACE;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
+    STDMETHODIMP_(ULONG) Release() override { return 1; }
+    STDMETHODIMP GetWindow(HWND*) override { return E_FAIL; }
+    STDMETHODIMP ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
+};
+
+ForeignWindow s_foreignWindow;
+
+fw::InterfaceEntry ForeignEntry(const IID& id) {
+    return {&id, [](void*) noexcept -> void* { return static_cast<IOleWindow*>(&s_foreignWindow); }};
+}
+
+std::vector<fw::InterfaceEntry> MakeInterfaces() {
+    std::vector<fw::InterfaceEntry> entries;
+    for (const fw::InterfaceEntry& entry : CKvPeShell::Interfaces()) {
+        const bool isDropped = HasFault(L"drops-interface") && *entry.id == IID_IQuickActivate;
+        const bool isForeign = HasFault(L"foreign-identity") && *entry.id == IID_IOleWindow;
+        if (!isDropped) {
+            entries.push_back(isForeign ? ForeignEntry(IID_IOleWindow) : entry);
+        }
+    }
+    if (HasFault(L"extra-interface")) {
+        entries.push_back(ForeignEntry(__uuidof(IKvPeColorCtrl)));
+    }
+    return entries;
+}
+
+}  // namespace
+
+std::span<const fw::InterfaceEntry> FaultyRow::Interfaces() {
+    static const std::vector<fw::InterfaceEntry> s_interfaces = MakeInterfaces();
+    return s_interfaces;
+}
+
+STDMETHODIMP FaultyRow::QuickActivate(QACONTAINER* container, QACONTROL* control) {
+    const HRESULT result = CKvPeEditTempl::QuickActivate(container, control);
+    if (SUCCEEDED(result) && HasFault(L"quick-status")) {
+        control->dwMiscStatus = 0;
+    }
+    if (SUCCEEDED(result) && HasFault(L"quick-policy")) {
+        control->dwPointerActivationPolicy = 1;
+    }
+    return result;
+}
+
+STDMETHODIMP FaultyRow::SetClientSite(IOleClientSite* site) {
+    if (site && HasFault(L"keeps-site")) {
+        site->AddRef();
+    }
+    return CKvPeEditTempl::SetClientSite(site);
+}
+
+STDMETHODIMP FaultyRow::DoVerb(LONG verb, LPMSG message, IOleClientSite* site, LONG index, HWND parent,
+                               LPCRECT position) {
+    if (HasFault(L"site-order") && m_spClientSite) {
+        fw::Ignore(m_spClientSite->ShowObject());
+    }
+    if (HasFault(L"deaf-to-hide") && verb == OLEIVERB_HIDE) {
+        return S_OK;
+    }
+    return CKvPeEditTempl::DoVerb(verb, message, site, index, parent, position);
+}
+
+STDMETHODIMP FaultyRow::OnAmbientPropertyChange(DISPID id) {
+    return HasFault(L"fails-without-ambients") && !m_spAmbientDispatch
+               ? E_FAIL
+               : CKvPeEditTempl::OnAmbientPropertyChange(HasFault(L"asks-for-all") ? DISPID_UNKNOWN : id);
+}
+
+STDMETHODIMP FaultyRow::GetControlInfo(CONTROLINFO* info) {
+    const HRESULT result = CKvPeEditTempl::GetControlInfo(info);
+    if (SUCCEEDED(result) && HasFault(L"accelerators")) {
+        info->cAccel = 1;
+    }
+    return result;
+}
+
+STDMETHODIMP FaultyRow::GetUserClassID(CLSID* classId) {
+    const HRESULT result = CKvPeEditTempl::GetUserClassID(classId);
+    if (SUCCEEDED(result) && HasFault(L"other-class")) {
+        *classId = CLSID_KvPePropertyEditorBool;
+    }
+    return result;
+}
+
+STDMETHODIMP FaultyRow::FindConnectionPoint(REFIID id, IConnectionPoint** result) {
+    const bool isFirst = id == __uuidof(IKvPiPropertyEditEventsSink) && HasFault(L"first-sink");
+    return CKvPeEditTempl::FindConnectionPoint(isFirst ? __uuidof(IKvPiPropertyEditEventsSink2) : id, result);
+}
+
+STDMETHODIMP FaultyRow::Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* parameters,
+                               VARIANT* result, EXCEPINFO* exception, UINT* badArgument) {
+    const HRESULT invoked =
+        CKvPeEditTempl::Invoke(id, reserved, locale, flags, parameters, result, exception, badArgument);
+    if (SUCCEEDED(invoked) && result && id == DISPID_BACKCOLOR && HasFault(L"other-color-by-id")) {
+        ++result->ulVal;
+    }
+    return invoked;
+}
+
+STDMETHODIMP FaultyRow::Close(DWORD saveOption) {
+    const HRESULT closed = CKvPeEditTempl::Close(saveOption);
+    if (HasFault(L"keeps-module")) {
+        GetModule()->Lock();
+    }
+    return closed;
+}
+
+HRESULT FaultyRow::FireKeyDownEvent(UINT_PTR key, LONG_PTR keyData) {
+    if (HasFault(L"tells-twice")) {
+        fw::Ignore(CKvPeEditTempl::FireKeyDownEvent(key, keyData));
+    }
+    return CKvPeEditTempl::FireKeyDownEvent(key, keyData);
+}
