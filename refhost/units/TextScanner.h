@@ -3,10 +3,12 @@
 #include <optional>
 #include <string_view>
 
+#include "host_sdk/Export.h"
+
 namespace kvhost {
 
 /// Goes through a text that a user typed, from left to right. What does not fit is left where it stands.
-class TextScanner {
+class KVHOST_API TextScanner {
 public:
     /// `text` outlives the scanner.
     explicit TextScanner(std::wstring_view text) : m_rest(text) {}
