@@ -2,7 +2,8 @@
 
 #include "host_sdk/InterfaceSlots.h"
 
-/// Element access to an array property of the object that is asked.
+/// Element access to an array property of the object that is asked. A key names an element: its cookie plus
+/// the offset of its group.
 struct IPropertyElementAccess : IUnknown {
     virtual HRESULT STDMETHODCALLTYPE GetElementValue(long dispid, unsigned key, VARIANT* value) = 0;
     virtual HRESULT STDMETHODCALLTYPE SetElementValue(long dispid, unsigned key, VARIANT value) = 0;
@@ -14,3 +15,6 @@ struct IPropertyElementAccess : IUnknown {
 
 __CRT_UUID_DECL(IPropertyElementAccess, 0x5D535710, 0xD49A, 0x11D1, 0xB6, 0x16, 0x00, 0x60, 0xB0, 0x87, 0xE2,
                 0x35)
+
+/// The name by which list rows know the interface.
+using IPropertyElementAccessOld = IPropertyElementAccess;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "framework/base/Hresult.h"
+#include "framework/com/Bstr.h"
 
 namespace kvhost {
 
@@ -14,17 +15,9 @@ Element* AllocateElements(std::size_t count) {
     return static_cast<Element*>(::CoTaskMemAlloc(std::max<std::size_t>(count, 1) * sizeof(Element)));
 }
 
-LPOLESTR CopyText(const std::wstring& text) {
-    auto* const copy = AllocateElements<OLECHAR>(text.size() + 1);
-    if (copy != nullptr) {
-        std::copy_n(text.c_str(), text.size() + 1, copy);
-    }
-    return copy;
-}
-
 void FreeAll(CALPOLESTR& strings, CADWORD& cookies) {
     for (ULONG i = 0; i < strings.cElems; ++i) {
-        ::CoTaskMemFree(strings.pElems[i]);
+        ::SysFreeString(strings.pElems[i]);
     }
     ::CoTaskMemFree(strings.pElems);
     ::CoTaskMemFree(cookies.pElems);
@@ -44,10 +37,11 @@ HRESULT MakeCountedArrays(const std::vector<std::wstring>& texts, CALPOLESTR* st
         return E_OUTOFMEMORY;
     }
     for (const std::wstring& text : texts) {
-        LPOLESTR const copy = CopyText(text);
-        if (copy == nullptr) {
+        BSTR copy = nullptr;
+        const HRESULT copied = fw::MakeBstr(text, &copy);
+        if (FAILED(copied)) {
             FreeAll(*strings, *cookies);
-            return E_OUTOFMEMORY;
+            return copied;
         }
         cookies->pElems[strings->cElems] = strings->cElems;
         strings->pElems[strings->cElems++] = copy;

@@ -2,6 +2,7 @@
 
 #include "framework/base/Hresult.h"
 #include "framework/com/Bstr.h"
+#include "framework/com/ErrorInfo.h"
 #include "refhost/automation/CountedArrays.h"
 #include "refhost/testing/JournalText.h"
 
@@ -99,6 +100,43 @@ HRESULT AnswerGetPredefinedValue(CallScript& script, const ScriptedValue& value,
     RETURN_IF_FAILED_EXPECTED(script.Begin(L"GetPredefinedValue", JoinAsText(dispid, cookie)));
     RETURN_HR_IF(E_NOTIMPL, cookie >= value.predefinedValues.size());
     return value.predefinedValues[cookie].CopyTo(result);
+}
+
+HRESULT AnswerGetElement(CallScript& script, const ScriptedValue& value, const wchar_t* operation,
+                         const std::wstring& subject, unsigned key, VARIANT* result) {
+    RETURN_IF_NULL_POINTER(result);
+    ::VariantInit(result);
+    RETURN_IF_FAILED_EXPECTED(script.Begin(operation, JoinAsText(subject, key)));
+    const auto found = value.elements.find(key);
+    RETURN_HR_IF(E_INVALIDARG, found == value.elements.end());
+    return found->second.CopyTo(result);
+}
+
+HRESULT AnswerSetElement(CallScript& script, ScriptedValue& value, const wchar_t* operation,
+                         const std::wstring& subject, unsigned key, const VARIANT& put) {
+    HRESULT result = script.Begin(operation, JoinAsText(subject, key, put));
+    const auto found = value.elements.find(key);
+    if (SUCCEEDED(result)) {
+        result = found == value.elements.end() ? E_INVALIDARG : found->second.CopyIndirectFrom(put);
+    }
+    const bool tellsWhy = FAILED(result) && value.errorText;
+    return tellsWhy ? fw::SetErrorText(result, IID_NULL, script.Name(), *value.errorText) : result;
+}
+
+HRESULT AnswerGetGroupSize(CallScript& script, const ScriptedValue& value, const std::wstring& subject,
+                           unsigned* size) {
+    RETURN_IF_NULL_POINTER(size);
+    RETURN_IF_FAILED_EXPECTED(script.Begin(L"GetGroupSize", subject));
+    *size = value.groupSize;
+    return S_OK;
+}
+
+HRESULT AnswerGetGroupCount(CallScript& script, const ScriptedValue& value, const std::wstring& subject,
+                            long* count) {
+    RETURN_IF_NULL_POINTER(count);
+    RETURN_IF_FAILED_EXPECTED(script.Begin(L"GetGroupCount", subject));
+    *count = value.groupSize == 0 ? 0 : static_cast<long>(value.elements.size() / value.groupSize);
+    return S_OK;
 }
 
 void KeepPut(ScriptedValue& value, const VARIANT& put) {

@@ -31,6 +31,18 @@ HRESULT AnswerGetPredefinedStrings(CallScript& script, const ScriptedValue& valu
 HRESULT AnswerGetPredefinedValue(CallScript& script, const ScriptedValue& value, DISPID dispid, DWORD cookie,
                                  VARIANT* result);
 
+/// Element access, journalled as `IPropertyElementAccess.GetElementValue name subject key`. Keys without an
+/// element give E_INVALIDARG; a failing write leaves `errorText`, where there is one, as the thread's error
+/// text.
+HRESULT AnswerGetElement(CallScript& script, const ScriptedValue& value, const wchar_t* operation,
+                         const std::wstring& subject, unsigned key, VARIANT* result);
+HRESULT AnswerSetElement(CallScript& script, ScriptedValue& value, const wchar_t* operation,
+                         const std::wstring& subject, unsigned key, const VARIANT& put);
+HRESULT AnswerGetGroupSize(CallScript& script, const ScriptedValue& value, const std::wstring& subject,
+                           unsigned* size);
+HRESULT AnswerGetGroupCount(CallScript& script, const ScriptedValue& value, const std::wstring& subject,
+                            long* count);
+
 /// Notes the put and keeps it as the value unless the script says otherwise.
 void KeepPut(ScriptedValue& value, const VARIANT& put);
 

@@ -72,6 +72,15 @@ void* ScriptedDynamicProperty::Find(REFIID id) {
     if (isOffered(OffersBrowsing, IID_IPerPropertyBrowsing)) {
         return static_cast<IPerPropertyBrowsing*>(this);
     }
+    if (isOffered(OffersValues, __uuidof(IDynamicPropertyEnum))) {
+        return static_cast<IDynamicPropertyEnum*>(this);
+    }
+    if (isOffered(OffersElements, __uuidof(IPropertyElementAccess))) {
+        return static_cast<IPropertyElementAccess*>(this);
+    }
+    if (isOffered(OffersElementsOfObject, __uuidof(IPropertyElementAccess2))) {
+        return static_cast<IPropertyElementAccess2*>(this);
+    }
     return nullptr;
 }
 
@@ -219,6 +228,68 @@ STDMETHODIMP ScriptedDynamicProperty::GetPredefinedStrings(DISPID dispid, CALPOL
 
 STDMETHODIMP ScriptedDynamicProperty::GetPredefinedValue(DISPID dispid, DWORD cookie, VARIANT* value) {
     return AnswerGetPredefinedValue(script, shared, dispid, cookie, value);
+}
+
+STDMETHODIMP ScriptedDynamicProperty::GetValueCount(long* count) {
+    RETURN_IF_NULL_POINTER(count);
+    RETURN_IF_FAILED_EXPECTED(script.Begin(L"GetValueCount"));
+    *count = static_cast<long>(values.size());
+    return S_OK;
+}
+
+STDMETHODIMP ScriptedDynamicProperty::GetValueName(long index, BSTR* name) {
+    RETURN_IF_NULL_POINTER(name);
+    *name = nullptr;
+    RETURN_IF_FAILED_EXPECTED(script.Begin(L"GetValueName", AsText(index)));
+    RETURN_HR_IF(E_INVALIDARG, index < 0 || index >= static_cast<long>(values.size()));
+    return fw::MakeBstr(values[static_cast<std::size_t>(index)].first, name);
+}
+
+STDMETHODIMP ScriptedDynamicProperty::GetValueData(long index, VARIANT* data) {
+    RETURN_IF_NULL_POINTER(data);
+    ::VariantInit(data);
+    RETURN_IF_FAILED_EXPECTED(script.Begin(L"GetValueData", AsText(index)));
+    RETURN_HR_IF(E_INVALIDARG, index < 0 || index >= static_cast<long>(values.size()));
+    return values[static_cast<std::size_t>(index)].second.CopyTo(data);
+}
+
+// The form with the object says in the journal which one it was told.
+STDMETHODIMP ScriptedDynamicProperty::GetElementValue(long dispid, unsigned key, VARIANT* value) {
+    return AnswerGetElement(script, shared, L"IPropertyElementAccess.GetElementValue", AsText(dispid), key,
+                            value);
+}
+
+STDMETHODIMP ScriptedDynamicProperty::SetElementValue(long dispid, unsigned key, VARIANT value) {
+    return AnswerSetElement(script, shared, L"IPropertyElementAccess.SetElementValue", AsText(dispid), key,
+                            value);
+}
+
+STDMETHODIMP ScriptedDynamicProperty::GetGroupSize(long dispid, unsigned* size) {
+    return AnswerGetGroupSize(script, shared, AsText(dispid), size);
+}
+
+STDMETHODIMP ScriptedDynamicProperty::GetGroupCount(long dispid, long* count) {
+    return AnswerGetGroupCount(script, shared, AsText(dispid), count);
+}
+
+STDMETHODIMP ScriptedDynamicProperty::GetElementValue(long dispid, IDispatch* object, unsigned key,
+                                                      VARIANT* value) {
+    return AnswerGetElement(script, shared, L"IPropertyElementAccess2.GetElementValue",
+                            JoinAsText(dispid, ScriptedObject::NameOf(object)), key, value);
+}
+
+STDMETHODIMP ScriptedDynamicProperty::SetElementValue(long dispid, IDispatch* object, unsigned key,
+                                                      VARIANT value) {
+    return AnswerSetElement(script, shared, L"IPropertyElementAccess2.SetElementValue",
+                            JoinAsText(dispid, ScriptedObject::NameOf(object)), key, value);
+}
+
+STDMETHODIMP ScriptedDynamicProperty::GetGroupSize(long dispid, IDispatch* object, unsigned* size) {
+    return AnswerGetGroupSize(script, shared, JoinAsText(dispid, ScriptedObject::NameOf(object)), size);
+}
+
+STDMETHODIMP ScriptedDynamicProperty::GetGroupCount(long dispid, IDispatch* object, long* count) {
+    return AnswerGetGroupCount(script, shared, JoinAsText(dispid, ScriptedObject::NameOf(object)), count);
 }
 
 }  // namespace kvhost

@@ -7,6 +7,7 @@
 #include "host_sdk/IDynamicProperty.h"
 #include "host_sdk/IDynamicPropertyByObject.h"
 #include "host_sdk/IDynamicPropertyDialog.h"
+#include "host_sdk/IDynamicPropertyEnum.h"
 #include "host_sdk/IPropertyExpressionSupport.h"
 #include "host_sdk/IPropertyUnspecifiedSupport.h"
 #include "refhost/testing/CallScript.h"
@@ -22,7 +23,10 @@ class KVHOST_API ScriptedDynamicProperty final : public IDynamicPropertyByObject
                                                  public IDynamicPropertyDialog,
                                                  public IPropertyUnspecifiedSupport,
                                                  public IPropertyExpressionSupport,
-                                                 public IPerPropertyBrowsing {
+                                                 public IPerPropertyBrowsing,
+                                                 public IDynamicPropertyEnum,
+                                                 public IPropertyElementAccess,
+                                                 public IPropertyElementAccess2 {
 public:
     /// `interfaces` are ScriptedInterface bits.
     [[nodiscard]] static fw::ComPtr<ScriptedDynamicProperty> Make(std::wstring name, unsigned interfaces);
@@ -42,6 +46,7 @@ public:
     unsigned interfaces = 0;
     ScriptedValue shared;
     std::vector<std::wstring> names;
+    std::vector<std::pair<std::wstring, fw::Variant>> values;  ///< of IDynamicPropertyEnum
     KvPropertyDialogProcedure dialogProcedure = nullptr;
     std::optional<std::wstring> dialogMacro;
     /// Set as the thread's error text by a failing put; absent: no error text.
@@ -81,6 +86,23 @@ public:
     STDMETHODIMP MapPropertyToPage(DISPID dispid, CLSID* page) override;
     STDMETHODIMP GetPredefinedStrings(DISPID dispid, CALPOLESTR* strings, CADWORD* cookies) override;
     STDMETHODIMP GetPredefinedValue(DISPID dispid, DWORD cookie, VARIANT* value) override;
+
+    // IDynamicPropertyEnum
+    STDMETHODIMP GetValueCount(long* count) override;
+    STDMETHODIMP GetValueName(long index, BSTR* name) override;
+    STDMETHODIMP GetValueData(long index, VARIANT* data) override;
+
+    // IPropertyElementAccess
+    STDMETHODIMP GetElementValue(long dispid, unsigned key, VARIANT* value) override;
+    STDMETHODIMP SetElementValue(long dispid, unsigned key, VARIANT value) override;
+    STDMETHODIMP GetGroupSize(long dispid, unsigned* size) override;
+    STDMETHODIMP GetGroupCount(long dispid, long* count) override;
+
+    // IPropertyElementAccess2
+    STDMETHODIMP GetElementValue(long dispid, IDispatch* object, unsigned key, VARIANT* value) override;
+    STDMETHODIMP SetElementValue(long dispid, IDispatch* object, unsigned key, VARIANT value) override;
+    STDMETHODIMP GetGroupSize(long dispid, IDispatch* object, unsigned* size) override;
+    STDMETHODIMP GetGroupCount(long dispid, IDispatch* object, long* count) override;
 
 private:
     ScriptedDynamicProperty(std::wstring name, unsigned offered);

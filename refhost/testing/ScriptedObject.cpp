@@ -107,6 +107,12 @@ void* ScriptedObject::Find(REFIID id) {
     if (isOffered(OffersBrowsing, IID_IPerPropertyBrowsing)) {
         return static_cast<IPerPropertyBrowsing*>(this);
     }
+    if (isOffered(OffersElements, __uuidof(IPropertyElementAccess))) {
+        return static_cast<IPropertyElementAccess*>(this);
+    }
+    if (isOffered(OffersElementsOfObject, __uuidof(IPropertyElementAccess2))) {
+        return static_cast<IPropertyElementAccess2*>(this);
+    }
     return nullptr;
 }
 
@@ -294,6 +300,45 @@ STDMETHODIMP ScriptedObject::GetPredefinedStrings(DISPID dispid, CALPOLESTR* str
 
 STDMETHODIMP ScriptedObject::GetPredefinedValue(DISPID dispid, DWORD cookie, VARIANT* value) {
     return AnswerGetPredefinedValue(script, Known(dispid), dispid, cookie, value);
+}
+
+// The form with the object says in the journal which one it was told.
+STDMETHODIMP ScriptedObject::GetElementValue(long dispid, unsigned key, VARIANT* value) {
+    return AnswerGetElement(script, Known(dispid), L"IPropertyElementAccess.GetElementValue", AsText(dispid),
+                            key, value);
+}
+
+STDMETHODIMP ScriptedObject::SetElementValue(long dispid, unsigned key, VARIANT value) {
+    return AnswerSetElement(script, Known(dispid), L"IPropertyElementAccess.SetElementValue", AsText(dispid),
+                            key, value);
+}
+
+STDMETHODIMP ScriptedObject::GetGroupSize(long dispid, unsigned* size) {
+    return AnswerGetGroupSize(script, Known(dispid), AsText(dispid), size);
+}
+
+STDMETHODIMP ScriptedObject::GetGroupCount(long dispid, long* count) {
+    return AnswerGetGroupCount(script, Known(dispid), AsText(dispid), count);
+}
+
+STDMETHODIMP ScriptedObject::GetElementValue(long dispid, IDispatch* object, unsigned key, VARIANT* value) {
+    return AnswerGetElement(script, Known(dispid), L"IPropertyElementAccess2.GetElementValue",
+                            JoinAsText(dispid, ScriptedObject::NameOf(object)), key, value);
+}
+
+STDMETHODIMP ScriptedObject::SetElementValue(long dispid, IDispatch* object, unsigned key, VARIANT value) {
+    return AnswerSetElement(script, Known(dispid), L"IPropertyElementAccess2.SetElementValue",
+                            JoinAsText(dispid, ScriptedObject::NameOf(object)), key, value);
+}
+
+STDMETHODIMP ScriptedObject::GetGroupSize(long dispid, IDispatch* object, unsigned* size) {
+    return AnswerGetGroupSize(script, Known(dispid), JoinAsText(dispid, ScriptedObject::NameOf(object)),
+                              size);
+}
+
+STDMETHODIMP ScriptedObject::GetGroupCount(long dispid, IDispatch* object, long* count) {
+    return AnswerGetGroupCount(script, Known(dispid), JoinAsText(dispid, ScriptedObject::NameOf(object)),
+                               count);
 }
 
 }  // namespace kvhost

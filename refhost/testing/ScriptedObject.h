@@ -7,6 +7,8 @@
 #include "host_sdk/IDatabaseObjectIdentity.h"
 #include "host_sdk/IGraphicalObjectUpdate.h"
 #include "host_sdk/IPropertyEditability.h"
+#include "host_sdk/IPropertyElementAccess.h"
+#include "host_sdk/IPropertyElementAccess2.h"
 #include "host_sdk/IPropertyExpressionSupport.h"
 #include "host_sdk/IPropertyUnspecifiedSupport.h"
 #include "host_sdk/ITransientObjectIdentity.h"
@@ -24,9 +26,12 @@ enum ScriptedInterface : unsigned {
     OffersTransientIdentity = 16,
     OffersUpdate = 32,
     OffersBrowsing = 64,
-    OffersDialog = 128,    ///< IDynamicPropertyDialog, of dynamic properties
-    OffersByObject = 256,  ///< IDynamicPropertyByObject, of dynamic properties
-    OffersById = 512,      ///< IDynamicProperty, of dynamic properties
+    OffersDialog = 128,             ///< IDynamicPropertyDialog, of dynamic properties
+    OffersByObject = 256,           ///< IDynamicPropertyByObject, of dynamic properties
+    OffersById = 512,               ///< IDynamicProperty, of dynamic properties
+    OffersElements = 1024,          ///< IPropertyElementAccess
+    OffersElementsOfObject = 2048,  ///< IPropertyElementAccess2, which is told the object
+    OffersValues = 4096,            ///< IDynamicPropertyEnum, of dynamic properties
 };
 
 /// An automation object for tests, whose every answer is set by the test and whose every call is journalled
@@ -39,7 +44,9 @@ class KVHOST_API ScriptedObject final : public IDispatch,
                                         public IDatabaseObjectIdentity,
                                         public ITransientObjectIdentity,
                                         public IGraphicalObjectUpdate,
-                                        public IPerPropertyBrowsing {
+                                        public IPerPropertyBrowsing,
+                                        public IPropertyElementAccess,
+                                        public IPropertyElementAccess2 {
 public:
     [[nodiscard]] static fw::ComPtr<ScriptedObject> Make(std::wstring name, unsigned interfaces = 0);
     ScriptedObject(const ScriptedObject&) = delete;
@@ -111,6 +118,18 @@ public:
     STDMETHODIMP MapPropertyToPage(DISPID dispid, CLSID* page) override;
     STDMETHODIMP GetPredefinedStrings(DISPID dispid, CALPOLESTR* strings, CADWORD* cookies) override;
     STDMETHODIMP GetPredefinedValue(DISPID dispid, DWORD cookie, VARIANT* value) override;
+
+    // IPropertyElementAccess
+    STDMETHODIMP GetElementValue(long dispid, unsigned key, VARIANT* value) override;
+    STDMETHODIMP SetElementValue(long dispid, unsigned key, VARIANT value) override;
+    STDMETHODIMP GetGroupSize(long dispid, unsigned* size) override;
+    STDMETHODIMP GetGroupCount(long dispid, long* count) override;
+
+    // IPropertyElementAccess2
+    STDMETHODIMP GetElementValue(long dispid, IDispatch* object, unsigned key, VARIANT* value) override;
+    STDMETHODIMP SetElementValue(long dispid, IDispatch* object, unsigned key, VARIANT value) override;
+    STDMETHODIMP GetGroupSize(long dispid, IDispatch* object, unsigned* size) override;
+    STDMETHODIMP GetGroupCount(long dispid, IDispatch* object, long* count) override;
 
 private:
     ScriptedObject(std::wstring name, unsigned offered);

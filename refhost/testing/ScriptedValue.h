@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -68,6 +69,11 @@ public:
     std::optional<std::wstring> displayString;  ///< absent: E_NOTIMPL
     std::vector<std::wstring> predefinedStrings;
     std::vector<fw::Variant> predefinedValues;  ///< shorter than the strings: E_NOTIMPL for the rest
+
+    std::map<unsigned, fw::Variant> elements;  ///< of a grouped property, by key
+    unsigned groupSize = 1;                    ///< elements per group
+    /// Left as the thread's error text by a failing element write; absent: no error text.
+    std::optional<std::wstring> errorText;
 
 private:
     VARIANT m_value;

@@ -109,7 +109,7 @@ TEST_F(PolylineObjectsTest, Browsing_ListsTheDirections) {
     EXPECT_EQ(browsing->GetPredefinedValue(264, cookies.pElems[1], value.Put()), S_OK);
     EXPECT_EQ(value.LongOr(-1), 1);
     for (ULONG i = 0; i < strings.cElems; ++i) {
-        ::CoTaskMemFree(strings.pElems[i]);
+        ::SysFreeString(strings.pElems[i]);
     }
     ::CoTaskMemFree(strings.pElems);
     ::CoTaskMemFree(cookies.pElems);

@@ -207,6 +207,26 @@ TEST(InterfaceSlots, PropertyDialogs) {
     EXPECT_EQ(byIds.reached, "ByIds");
 }
 
+TEST(InterfaceSlots, DynamicPropertyEnum) {
+    struct Values final : StandIn<IDynamicPropertyEnum> {
+        STDMETHODIMP GetValueCount(long*) override { return Reached("Count"); }
+        STDMETHODIMP GetValueName(long, BSTR*) override { return Reached("Name"); }
+        STDMETHODIMP GetValueData(long, VARIANT*) override { return Reached("Data"); }
+    } values;
+    CallSlot(&values, 3, static_cast<long*>(nullptr));
+    EXPECT_EQ(values.reached, "Count");
+    CallSlot(&values, 4, 1L, static_cast<BSTR*>(nullptr));
+    EXPECT_EQ(values.reached, "Name");
+    CallSlot(&values, 5, 1L, static_cast<VARIANT*>(nullptr));
+    EXPECT_EQ(values.reached, "Data");
+}
+
+TEST(InterfaceSlots, NamesOfListRows_AreNoInterfacesOfTheirOwn) {
+    static_assert(std::is_same_v<IPropertyElementAccessOld, IPropertyElementAccess>);
+    static_assert(std::is_same_v<IDynamicPropertyNames, IDynamicProperty>);
+    static_assert(std::is_same_v<IKvBaseObject, IDatabaseObjectIdentity>);
+}
+
 TEST(InterfaceSlots, ElementAccess) {
     struct Access final : StandIn<IPropertyElementAccess> {
         STDMETHODIMP GetElementValue(long, unsigned, VARIANT*) override { return Reached("Get"); }
@@ -259,6 +279,7 @@ TEST(InterfaceIds, AreThoseThatOtherModulesKnow) {
         {__uuidof(IHostApplication), L"{070AA05D-DFC1-4E64-8379-432269B48B07}"},
         {__uuidof(IPropertyDialogByObjects), L"{9F82F13D-C850-444A-980C-B5EDC6679F4A}"},
         {__uuidof(IPropertyDialogByIds), L"{8B384029-ACB0-11D1-A2B4-080009DC639A}"},
+        {__uuidof(IDynamicPropertyEnum), L"{8B384028-ACB1-11D1-A2B4-080009DC639A}"},
         {__uuidof(IPropertyElementAccess), L"{5D535710-D49A-11D1-B616-0060B087E235}"},
         {__uuidof(IPropertyElementAccess2), L"{D0F45FEB-71D5-44EA-B1A0-6E2F27B2085D}"},
     };

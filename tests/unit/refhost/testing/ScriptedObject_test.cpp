@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "framework/base/Hresult.h"
+#include "framework/com/ErrorInfo.h"
 #include "refhost/testing/Faults.h"
 #include "tests/support/ExpectCalls.h"
 #include "tests/support/LeakCheck.h"
@@ -164,6 +165,36 @@ TEST(ScriptedObject, Journal_HasOneLinePerOperation) {
     EXPECT_CALLS(journal, "IsUnspecifiedAllowed A 5", "SetUnspecified A 5 -1", "IsUnspecified A 5",
                  "Invoke A get 5", "Invoke A put 5 \"new\"", "IsExpressionSupported A 5",
                  "SetExpression A 5 1+1", "GetExpression A 5", "Editable A 5", "GetObjectId A", "Update A");
+}
+
+TEST(ScriptedObject, Elements_AnswerByKeyInBothForms) {
+    const auto object = ScriptedObject::Make(L"A", kvhost::OffersElements | kvhost::OffersElementsOfObject);
+    object->At(5).elements[2] = fw::Variant::FromLong(7);
+    object->At(5).errorText = L"too deep";
+    const auto plain = object.As<IPropertyElementAccess>();
+    const auto ofObject = object.As<IPropertyElementAccess2>();
+    kvhost::Journal journal;
+    fw::Variant value;
+    EXPECT_EQ(plain->GetElementValue(5, 2, value.Put()), S_OK);
+    EXPECT_EQ(value.LongOr(0), 7);
+    EXPECT_EQ(ofObject->SetElementValue(5, object.Get(), 2, fw::Variant::FromLong(8).Get()), S_OK);
+    EXPECT_EQ(plain->GetElementValue(5, 3, value.Put()), E_INVALIDARG);
+    EXPECT_EQ(plain->SetElementValue(5, 3, fw::Variant::FromLong(8).Get()), E_INVALIDARG);
+    fw::ErrorInfo info;
+    ASSERT_TRUE(fw::TakeErrorInfo(info));
+    EXPECT_EQ(info.description, L"too deep");
+    unsigned size = 0;
+    long count = 0;
+    EXPECT_EQ(plain->GetGroupSize(5, &size), S_OK);
+    EXPECT_EQ(ofObject->GetGroupCount(5, object.Get(), &count), S_OK);
+    EXPECT_EQ(size, 1U);
+    EXPECT_EQ(count, 1);
+    EXPECT_CALLS(journal, "IPropertyElementAccess.GetElementValue A 5 2",
+                 "IPropertyElementAccess2.SetElementValue A 5 A 2 i4:8",
+                 "IPropertyElementAccess.GetElementValue A 5 3",
+                 "IPropertyElementAccess.SetElementValue A 5 3 i4:8", "GetGroupSize A 5",
+                 "GetGroupCount A 5 A");
+    EXPECT_EQ(object->At(5).elements[2].LongOr(0), 8);
 }
 
 TEST(ScriptedObject, FailCall_FailsTheNthCallAlone) {
