@@ -13,9 +13,6 @@ namespace kvpalette {
 
 namespace {
 
-// Characters are about this much of their height wide; exact widths are not needed to find a text.
-constexpr double c_characterWidth = 0.6;
-
 class ShapeMaker final : public kvhost::GeometrySink {
 public:
     explicit ShapeMaker(Shape& shape) : m_shape(shape) {}
@@ -24,16 +21,18 @@ public:
         m_shape.paths.push_back({{points.begin(), points.end()}, closed});
         std::for_each(points.begin(), points.end(), [this](const auto& point) { m_shape.bounds.Add(point); });
     }
-    void Text(const kvhost::Point3& position, double height, double rotation,
-              const std::wstring& content) override {
-        m_shape.texts.push_back({position, height, rotation, content});
-        const double length = height * c_characterWidth * static_cast<double>(content.size());
-        const double alongX = std::cos(rotation);
-        const double alongY = std::sin(rotation);
-        for (const auto& [along, up] : {std::pair{0.0, -0.25 * height}, std::pair{length, -0.25 * height},
-                                        std::pair{0.0, height}, std::pair{length, height}}) {
-            m_shape.bounds.Add({position.x + along * alongX - up * alongY,
-                                position.y + along * alongY + up * alongX, position.z});
+    void Text(const kvhost::TextLine& line) override {
+        m_shape.texts.push_back(
+            {line.position, line.height, line.rotation, line.anchor, std::wstring(line.content)});
+        const double length =
+            line.height * kvhost::c_characterWidth * static_cast<double>(line.content.size());
+        const double alongX = std::cos(line.rotation);
+        const double alongY = std::sin(line.rotation);
+        for (const double along : {-line.anchor * length, (1 - line.anchor) * length}) {
+            for (const double up : {-kvhost::c_descent * line.height, line.height}) {
+                m_shape.bounds.Add({line.position.x + along * alongX - up * alongY,
+                                    line.position.y + along * alongY + up * alongX, line.position.z});
+            }
         }
     }
     void Dot(const kvhost::Point3& position) override {
@@ -70,13 +69,14 @@ COLORREF ColorOfIndex(int index) {
 
 bool IsShown(const kvhost::Entity& entity) {
     const auto* const layer = kvhost::Database::PeekAs<kvhost::Layer>(entity.LayerId());
-    return !entity.IsErased() && (!layer || (layer->IsOn() && !layer->IsFrozen()));
+    return !entity.IsErased() && entity.IsVisible() && (!layer || (layer->IsOn() && !layer->IsFrozen()));
 }
 
 Shape ShapeOf(const kvhost::Entity& entity) {
     Shape shape;
     shape.id = entity.Id();
     shape.color = ScreenColorOf(entity);
+    shape.lineweight = entity.EffectiveLineweight();
     ShapeMaker maker(shape);
     entity.Draw(maker, kvhost::Transform());
     return shape;

@@ -28,12 +28,14 @@ struct Shape {
         kvhost::Point3 position;
         double height = 0;
         double rotation = 0;
+        double anchor = 0;
         std::wstring content;
     };
 
     KvDbObjectId id;
     kvhost::Bounds bounds;
     COLORREF color = 0;
+    int lineweight = 0;  ///< in hundredths of a millimetre
     std::vector<Path> paths;
     std::vector<Text> texts;
     std::vector<kvhost::Point3> dots;

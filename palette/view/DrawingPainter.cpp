@@ -7,12 +7,15 @@
 
 #include "framework/base/DeviceContexts.h"
 #include "palette/theme/Theme.h"
+#include "refhost/db/TextLine.h"
 
 namespace kvpalette {
 
 namespace {
 
 constexpr double c_gridPixels = 48;
+constexpr int c_plainLineweight = 25;
+constexpr int c_widestOfThin = 2;
 constexpr int c_smallestText = 4;
 constexpr int c_largestText = 2000;
 constexpr int c_gripHalf = 2;
@@ -20,6 +23,15 @@ constexpr int c_gripDistance = 10;
 constexpr std::size_t c_mostGrips = 24;
 // Far away points would overflow the system's coordinates; what is that far outside is not seen anyway.
 constexpr double c_farPixel = 1e6;
+
+UINT AlignOf(double anchor) {
+    return anchor == 0 ? TA_LEFT : anchor == 1 ? TA_RIGHT : TA_CENTER;
+}
+
+// A plain line is one pixel wide at every zoom, heavier ones in proportion.
+int PixelsOf(int lineweight) {
+    return std::max(1, (lineweight + c_plainLineweight / 2) / c_plainLineweight);
+}
 
 // 1, 2 or 5 times a power of ten, at least the given length.
 double RoundSpacing(double least) {
@@ -47,7 +59,7 @@ void DrawingPainter::PaintGridLines(double spacing, bool vertical, COLORREF colo
     const kvhost::Bounds visible = m_transform.Visible();
     const double first = vertical ? visible.left : visible.bottom;
     const double last = vertical ? visible.right : visible.top;
-    const fw::ScopedSelect pen(m_dc, PenFor(color));
+    const fw::ScopedSelect pen(m_dc, PenFor(color, 1));
     for (double at = std::ceil(first / spacing) * spacing; at <= last; at += spacing) {
         const int pixel = static_cast<int>(std::lround(vertical ? m_transform.ToX(at) : m_transform.ToY(at)));
         ::MoveToEx(m_dc, vertical ? pixel : 0, vertical ? 0 : pixel, nullptr);
@@ -65,7 +77,6 @@ void DrawingPainter::PaintShapes(const std::vector<Shape>& shapes,
     const fw::ScopedSaveDc saved(m_dc);
     ::SelectObject(m_dc, ::GetStockObject(NULL_BRUSH));
     ::SetBkMode(m_dc, TRANSPARENT);
-    ::SetTextAlign(m_dc, TA_LEFT | TA_BASELINE);
     std::vector<const Shape*> above;
     for (const Shape& shape : shapes) {
         if (!isVisible(shape.bounds)) {
@@ -74,11 +85,11 @@ void DrawingPainter::PaintShapes(const std::vector<Shape>& shapes,
         if (highlighted.contains(shape.id.handle())) {
             above.push_back(&shape);
         } else {
-            PaintShape(shape, shape.color, 1);
+            PaintShape(shape, shape.color, PixelsOf(shape.lineweight));
         }
     }
     for (const Shape* const shape : above) {
-        PaintShape(*shape, theme::c_highlight, 2);
+        PaintShape(*shape, theme::c_highlight, PixelsOf(shape->lineweight) + 1);
     }
 }
 
@@ -91,9 +102,9 @@ void DrawingPainter::PaintShape(const Shape& shape, COLORREF color, int width) {
         ::SetPixelV(m_dc, pixel.x, pixel.y, color);
         return;
     }
-    const fw::ScopedSelect pen(m_dc, PenFor(color));
+    const fw::ScopedSelect pen(m_dc, PenFor(color, width > c_widestOfThin ? width : 1));
     for (const Shape::Path& path : shape.paths) {
-        PaintPath(path, width);
+        PaintPath(path, width > c_widestOfThin ? 1 : width);
     }
     for (const Shape::Text& text : shape.texts) {
         PaintText(text, color);
@@ -103,7 +114,7 @@ void DrawingPainter::PaintShape(const Shape& shape, COLORREF color, int width) {
     }
 }
 
-// Wide pens cost ten times as much as thin ones: a wide line is drawn as thin ones beside each other.
+// Wide pens cost ten times as much as thin ones: two pixels are drawn as thin lines beside each other.
 void DrawingPainter::PaintPath(const Shape::Path& path, int width) {
     m_pixels.clear();
     for (const kvhost::Point3& point : path.points) {
@@ -132,10 +143,13 @@ void DrawingPainter::PaintText(const Shape::Text& text, COLORREF color) {
         return;
     }
     if (height < c_smallestText) {
-        const double length = height * 0.6 * static_cast<double>(text.content.size());
-        ::MoveToEx(m_dc, place.x, place.y, nullptr);
-        ::LineTo(m_dc, place.x + static_cast<int>(length * std::cos(text.rotation)),
-                 place.y - static_cast<int>(length * std::sin(text.rotation)));
+        const double length = height * kvhost::c_characterWidth * static_cast<double>(text.content.size());
+        const double x = length * std::cos(text.rotation);
+        const double y = length * std::sin(text.rotation);
+        const POINT begin{place.x - static_cast<int>(text.anchor * x),
+                          place.y + static_cast<int>(text.anchor * y)};
+        ::MoveToEx(m_dc, begin.x, begin.y, nullptr);
+        ::LineTo(m_dc, begin.x + static_cast<int>(x), begin.y - static_cast<int>(y));
         return;
     }
     // The height of a text is that of its capitals, which is about 0.72 of the font's.
@@ -143,6 +157,7 @@ void DrawingPainter::PaintText(const Shape::Text& text, COLORREF color) {
     const int angle = static_cast<int>(std::lround(text.rotation * 1800 / std::numbers::pi));
     const fw::ScopedSelect font(m_dc, FontFor(fontHeight, angle));
     ::SetTextColor(m_dc, color);
+    ::SetTextAlign(m_dc, TA_BASELINE | AlignOf(text.anchor));
     ::ExtTextOutW(m_dc, place.x, place.y, 0, nullptr, text.content.c_str(),
                   static_cast<UINT>(text.content.size()), nullptr);
 }
@@ -184,10 +199,10 @@ void DrawingPainter::PaintGrips(const Shape& shape) {
     std::for_each(shape.dots.begin(), shape.dots.end(), paint);
 }
 
-HPEN DrawingPainter::PenFor(COLORREF color) {
-    fw::UniquePen& pen = m_pens[color];
+HPEN DrawingPainter::PenFor(COLORREF color, int width) {
+    fw::UniquePen& pen = m_pens[{color, width}];
     if (!pen) {
-        pen.Reset(::CreatePen(PS_SOLID, 1, color));
+        pen.Reset(::CreatePen(PS_SOLID, width, color));
     }
     return pen.Get();
 }

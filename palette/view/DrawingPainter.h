@@ -28,13 +28,13 @@ private:
     void PaintPath(const Shape::Path& path, int width);
     void PaintText(const Shape::Text& text, COLORREF color);
     void PaintDot(const kvhost::Point3& dot, COLORREF color, int width);
-    HPEN PenFor(COLORREF color);
+    HPEN PenFor(COLORREF color, int width);
     HFONT FontFor(int height, int angle);
     POINT ToPixel(const kvhost::Point3& point) const;
 
     HDC m_dc;
     const ViewTransform& m_transform;
-    std::map<COLORREF, fw::UniquePen> m_pens;
+    std::map<std::pair<COLORREF, int>, fw::UniquePen> m_pens;
     std::map<std::pair<int, int>, fw::UniqueFont> m_fonts;
     std::vector<POINT> m_pixels;
 };

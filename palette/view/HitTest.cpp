@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "refhost/db/TextLine.h"
+
 namespace kvpalette {
 
 namespace {
@@ -74,9 +76,9 @@ bool TextContains(const Shape::Text& text, const Point3& point, double reach) {
     const double dy = point.y - text.position.y;
     const double along = dx * std::cos(text.rotation) + dy * std::sin(text.rotation);
     const double up = dy * std::cos(text.rotation) - dx * std::sin(text.rotation);
-    const double length = text.height * 0.6 * static_cast<double>(text.content.size());
-    return along >= -reach && along <= length + reach && up >= -0.25 * text.height - reach &&
-           up <= text.height + reach;
+    const double length = text.height * kvhost::c_characterWidth * static_cast<double>(text.content.size());
+    return along >= -text.anchor * length - reach && along <= (1 - text.anchor) * length + reach &&
+           up >= -kvhost::c_descent * text.height - reach && up <= text.height + reach;
 }
 
 }  // namespace

@@ -26,6 +26,7 @@ void Attribute::VisitFields(FieldVisitor& visitor) {
     visitor.Point("position", m_position);
     visitor.Number("height", m_height);
     visitor.OptionalNumber("rotation", m_rotation, 0);
+    visitor.Flag("invisible", m_invisible, false);
 }
 
 std::wstring Attribute::Complaint() const {
@@ -38,7 +39,9 @@ std::wstring Attribute::Complaint() const {
 void Attribute::Draw(GeometrySink& sink, const Transform& transform) const {
     const double turn = std::atan2(transform.yx, transform.xx);
     const double scale = std::hypot(transform.xy, transform.yy);
-    sink.Text(transform.Apply(m_position), m_height * scale, m_rotation + turn, m_value);
+    if (!m_invisible) {
+        sink.Text({transform.Apply(m_position), m_height * scale, m_rotation + turn, 0, m_value});
+    }
 }
 
 }  // namespace kvhost

@@ -29,6 +29,10 @@ public:
     [[nodiscard]] double Rotation() const { return m_rotation; }
     Tolm::ErrorStatus SetRotation(double angle) { return ChangeNumber(m_rotation, angle); }
 
+    /// Its value is kept and edited, but not drawn.
+    [[nodiscard]] bool IsInvisible() const { return m_invisible; }
+    Tolm::ErrorStatus SetInvisible(bool invisible) { return Change(m_invisible, invisible); }
+
     // Entity
     [[nodiscard]] const wchar_t* ClassName() const override { return L"Attribute"; }
     [[nodiscard]] std::wstring Complaint() const override;
@@ -45,6 +49,7 @@ private:
     Point3 m_position;
     double m_height = 1;
     double m_rotation = 0;
+    bool m_invisible = false;
 };
 
 }  // namespace kvhost

@@ -79,13 +79,15 @@ void BlockReference::Draw(GeometrySink& sink, const Transform& transform) const 
     }
     const Transform inner = transform.After(Placement());
     for (const KvDbObjectId id : GetDatabase()->OwnedBy(m_block)) {
-        if (const Entity* const entity = Database::PeekAs<Entity>(id)) {
+        const Entity* const entity = Database::PeekAs<Entity>(id);
+        if (entity != nullptr && entity->IsVisible()) {
             entity->Draw(sink, inner);
         }
     }
     // Attributes lie in the drawing, not in the block: they have their own places.
     for (const KvDbObjectId id : AttributeIds()) {
-        if (const Entity* const attribute = Database::PeekAs<Entity>(id)) {
+        const Entity* const attribute = Database::PeekAs<Entity>(id);
+        if (attribute != nullptr && attribute->IsVisible()) {
             attribute->Draw(sink, transform);
         }
     }

@@ -6,6 +6,7 @@
 #include "refhost/db/Database.h"
 #include "refhost/db/GeometrySink.h"
 #include "refhost/db/Layer.h"
+#include "refhost/db/Lineweight.h"
 #include "refhost/testing/ServiceCall.h"
 
 namespace kvhost {
@@ -13,9 +14,6 @@ namespace kvhost {
 namespace {
 
 constexpr const wchar_t* c_linetypeOfLayer = L"ByLayer";
-/// Share of a text's height that one of its characters is wide, near enough for bounds.
-constexpr double c_characterWidth = 0.6;
-
 class BoundsSink final : public GeometrySink {
 public:
     Bounds bounds;
@@ -23,14 +21,16 @@ public:
     void Path(std::span<const Point3> points, bool /*closed*/) override {
         std::for_each(points.begin(), points.end(), [this](const Point3& point) { bounds.Add(point); });
     }
-    void Text(const Point3& position, double height, double rotation, const std::wstring& content) override {
-        const double width = c_characterWidth * height * static_cast<double>(content.size());
-        const double along = std::cos(rotation);
-        const double up = std::sin(rotation);
-        bounds.Add(position);
-        bounds.Add({position.x + along * width, position.y + up * width, 0});
-        bounds.Add({position.x - up * height, position.y + along * height, 0});
-        bounds.Add({position.x + along * width - up * height, position.y + up * width + along * height, 0});
+    void Text(const TextLine& line) override {
+        const double width = c_characterWidth * line.height * static_cast<double>(line.content.size());
+        const double along = std::cos(line.rotation);
+        const double up = std::sin(line.rotation);
+        for (const double run : {-line.anchor * width, (1 - line.anchor) * width}) {
+            for (const double rise : {0.0, line.height}) {
+                bounds.Add({line.position.x + along * run - up * rise,
+                            line.position.y + up * run + along * rise, 0});
+            }
+        }
     }
     void Dot(const Point3& position) override { bounds.Add(position); }
 };
@@ -79,6 +79,14 @@ Tolm::ErrorStatus Entity::SetLinetype(std::wstring_view name) {
     return name.empty() ? Tolm::eInvalidInput : ChangeText(m_linetype, name);
 }
 
+Tolm::ErrorStatus Entity::SetLineweight(std::int32_t weight) {
+    return IsLineweight(weight) ? Change(m_lineweight, weight) : Tolm::eInvalidInput;
+}
+
+std::int32_t Entity::EffectiveLineweight() const {
+    return m_lineweight < 0 ? c_plainLineweight : m_lineweight;
+}
+
 Bounds Entity::GetBounds() const {
     BoundsSink sink;
     Draw(sink, Transform());
@@ -98,11 +106,16 @@ void Entity::VisitFields(FieldVisitor& visitor) {
     visitor.Symbol("layer", SymbolKind::Layer, m_layer);
     visitor.Color("color", m_color, ColorValue::ByLayer());
     visitor.Text("linetype", m_linetype, c_linetypeOfLayer);
+    visitor.Integer("lineweight", m_lineweight, c_lineweightByLayer);
+    visitor.Flag("visible", m_visible, true);
     visitor.Text("description", m_description, L"");
     visitor.Text("hyperlink", m_hyperlink, L"");
 }
 
 std::wstring Entity::Complaint() const {
+    if (!IsLineweight(m_lineweight)) {
+        return L"lineweight: there is no such weight";
+    }
     return m_linetype.empty() ? L"linetype: a name is needed" : std::wstring();
 }
 

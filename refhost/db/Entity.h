@@ -35,6 +35,16 @@ public:
     [[nodiscard]] const std::wstring& Linetype() const { return m_linetype; }
     Tolm::ErrorStatus SetLinetype(std::wstring_view name);
 
+    /// In hundredths of a millimetre, or one of the numbers of Lineweight.h that stand for something else.
+    [[nodiscard]] std::int32_t Lineweight() const { return m_lineweight; }
+    /// eInvalidInput for what is no lineweight.
+    Tolm::ErrorStatus SetLineweight(std::int32_t weight);
+    /// The weight that it is drawn with.
+    [[nodiscard]] std::int32_t EffectiveLineweight() const;
+    /// An entity that is not visible is not drawn, whatever its layer says.
+    [[nodiscard]] bool IsVisible() const { return m_visible; }
+    Tolm::ErrorStatus SetVisible(bool visible) { return Change(m_visible, visible); }
+
     [[nodiscard]] const std::wstring& Description() const { return m_description; }
     Tolm::ErrorStatus SetDescription(std::wstring_view text) { return ChangeText(m_description, text); }
     [[nodiscard]] const std::wstring& Hyperlink() const { return m_hyperlink; }
@@ -69,6 +79,8 @@ private:
     KvDbObjectId m_layer;
     ColorValue m_color;
     std::wstring m_linetype;
+    std::int32_t m_lineweight = -1;
+    bool m_visible = true;
     std::wstring m_description;
     std::wstring m_hyperlink;
     std::vector<Highlight> m_highlights;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -35,6 +36,9 @@ public:
     virtual void Number(const char* name, double& value) = 0;
     virtual void OptionalNumber(const char* name, double& value, double otherwise) = 0;
     virtual void Integer(const char* name, std::int32_t& value, std::int32_t otherwise) = 0;
+    /// The place of a value in a closed list of names, by which hand-written drawings know it.
+    virtual void Choice(const char* name, std::int32_t& value, std::span<const wchar_t* const> names,
+                        std::int32_t otherwise) = 0;
     virtual void Text(const char* name, std::wstring& value, const wchar_t* otherwise) = 0;
     virtual void Color(const char* name, ColorValue& value, const ColorValue& otherwise) = 0;
     virtual void Point(const char* name, Point3& value) = 0;

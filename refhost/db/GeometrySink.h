@@ -1,9 +1,9 @@
 #pragma once
 
 #include <span>
-#include <string>
 
 #include "refhost/db/Point3.h"
+#include "refhost/db/TextLine.h"
 
 namespace kvhost {
 
@@ -11,9 +11,7 @@ namespace kvhost {
 class GeometrySink {
 public:
     virtual void Path(std::span<const Point3> points, bool closed) = 0;
-    /// `height` in drawing units, `rotation` in radians; `position` is the left end of the base line.
-    virtual void Text(const Point3& position, double height, double rotation,
-                      const std::wstring& content) = 0;
+    virtual void Text(const TextLine& line) = 0;
     virtual void Dot(const Point3& position) = 0;
 
 protected:

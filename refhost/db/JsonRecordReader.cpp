@@ -109,6 +109,26 @@ void JsonRecordReader::Integer(const char* name, std::int32_t& value, std::int32
     }
 }
 
+void JsonRecordReader::Choice(const char* name, std::int32_t& value, std::span<const wchar_t* const> names,
+                              std::int32_t otherwise) {
+    value = otherwise;
+    const Json* const member = Find(name);
+    if (member == nullptr) {
+        return;
+    }
+    const std::wstring text = TextOf(*member, m_path.Member(name));
+    const auto found = std::find(names.begin(), names.end(), text);
+    if (found != names.end()) {
+        value = static_cast<std::int32_t>(found - names.begin());
+        return;
+    }
+    std::wstring known;
+    for (const wchar_t* const each : names) {
+        known += (known.empty() ? L"\"" : L", \"") + std::wstring(each) + L'"';
+    }
+    FailAt(m_path.Member(name), (L"one of these is needed: " + known).c_str());
+}
+
 void JsonRecordReader::Text(const char* name, std::wstring& value, const wchar_t* otherwise) {
     const Json* const member = Find(name);
     value = member != nullptr ? TextOf(*member, m_path.Member(name)) : otherwise;

@@ -52,6 +52,13 @@ void JsonRecordWriter::Integer(const char* name, std::int32_t& value, std::int32
     }
 }
 
+void JsonRecordWriter::Choice(const char* name, std::int32_t& value, std::span<const wchar_t* const> names,
+                              std::int32_t otherwise) {
+    if (value != otherwise) {
+        m_record[name] = ToUtf8(names[static_cast<std::size_t>(value)]);
+    }
+}
+
 void JsonRecordWriter::Text(const char* name, std::wstring& value, const wchar_t* otherwise) {
     if (value != otherwise) {
         m_record[name] = ToUtf8(value);

@@ -1,8 +1,18 @@
 #pragma once
 
+#include <array>
+#include <cstdint>
+
 #include "refhost/db/EntityFace.h"
 
 namespace kvhost {
+
+/// How a point is drawn: all but dots are one drawing unit wide.
+enum class PointStyle : std::int32_t { Dot, Plus, Cross, Circle, Square };
+
+/// How drawings write the styles, in their order.
+inline constexpr std::array<const wchar_t*, 5> c_pointStyleNames{L"dot", L"plus", L"cross", L"circle",
+                                                                 L"square"};
 
 /// A single point.
 class KVHOST_API Point final : public EntityFace<Point> {
@@ -13,6 +23,9 @@ public:
 
     [[nodiscard]] const Point3& Position() const { return m_position; }
     Tolm::ErrorStatus SetPosition(const Point3& point) { return ChangePoint(m_position, point); }
+
+    [[nodiscard]] PointStyle Style() const { return static_cast<PointStyle>(m_style); }
+    Tolm::ErrorStatus SetStyle(PointStyle style);
 
     // Entity
     [[nodiscard]] const wchar_t* ClassName() const override { return L"Point"; }
@@ -25,6 +38,7 @@ protected:
 
 private:
     Point3 m_position;
+    std::int32_t m_style = 0;
 };
 
 }  // namespace kvhost

@@ -79,6 +79,15 @@ void RecordReader::Integer(const char* /*name*/, std::int32_t& value, std::int32
     value = Raw<std::int32_t>();
 }
 
+void RecordReader::Choice(const char* name, std::int32_t& value, std::span<const wchar_t* const> names,
+                          std::int32_t /*otherwise*/) {
+    value = Raw<std::int32_t>();
+    if (value < 0 || static_cast<std::size_t>(value) >= names.size()) {
+        Fail(name, L"none of the values that it can have");
+        value = 0;
+    }
+}
+
 void RecordReader::Text(const char* /*name*/, std::wstring& value, const wchar_t* /*otherwise*/) {
     value = RawText();
 }

@@ -31,6 +31,11 @@ void RecordWriter::Integer(const char* /*name*/, std::int32_t& value, std::int32
     Raw(value);
 }
 
+void RecordWriter::Choice(const char* /*name*/, std::int32_t& value,
+                          std::span<const wchar_t* const> /*names*/, std::int32_t /*otherwise*/) {
+    Raw(value);
+}
+
 void RecordWriter::Text(const char* /*name*/, std::wstring& value, const wchar_t* /*otherwise*/) {
     RawText(value);
 }

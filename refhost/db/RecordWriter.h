@@ -24,6 +24,8 @@ public:
     void Number(const char* name, double& value) override;
     void OptionalNumber(const char* name, double& value, double otherwise) override;
     void Integer(const char* name, std::int32_t& value, std::int32_t otherwise) override;
+    void Choice(const char* name, std::int32_t& value, std::span<const wchar_t* const> names,
+                std::int32_t otherwise) override;
     void Text(const char* name, std::wstring& value, const wchar_t* otherwise) override;
     void Color(const char* name, ColorValue& value, const ColorValue& otherwise) override;
     void Point(const char* name, Point3& value) override;

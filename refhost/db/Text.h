@@ -1,6 +1,7 @@
 #pragma once
 
 #include "refhost/db/EntityFace.h"
+#include "refhost/db/TextLine.h"
 
 namespace kvhost {
 
@@ -21,6 +22,8 @@ public:
     /// In radians.
     [[nodiscard]] double Rotation() const { return m_rotation; }
     Tolm::ErrorStatus SetRotation(double angle) { return ChangeNumber(m_rotation, angle); }
+    [[nodiscard]] TextAlignment Alignment() const { return static_cast<TextAlignment>(m_alignment); }
+    Tolm::ErrorStatus SetAlignment(TextAlignment alignment);
     [[nodiscard]] const std::wstring& StyleName() const { return m_styleName; }
     Tolm::ErrorStatus SetStyleName(std::wstring_view name);
     /// A secret that goes with the text (the code of a door, say), never shown in clear.
@@ -37,10 +40,16 @@ protected:
     void VisitFields(FieldVisitor& visitor) override;
 
 private:
+    /// Share of the text's run before its position.
+    [[nodiscard]] double Anchor() const;
+    /// The point of the base line beside the position.
+    [[nodiscard]] Point3 BaseLinePoint() const;
+
     std::wstring m_content;
     Point3 m_position;
     double m_height = 1;
     double m_rotation = 0;
+    std::int32_t m_alignment = 0;
     std::wstring m_styleName = L"Standard";
     std::wstring m_passcode;
 };

@@ -39,12 +39,23 @@ TEST(HitTest, ClosingSegment_CountsOnlyWhenClosed) {
 
 TEST(HitTest, TurnedText_IsHitWhereItStands) {
     Shape shape;
-    shape.texts.push_back({{0, 0, 0}, 2, std::numbers::pi / 2, L"abcdefghij"});
+    shape.texts.push_back({{0, 0, 0}, 2, std::numbers::pi / 2, 0, L"abcdefghij"});
     shape.bounds.Add({-2, 0, 0});
     shape.bounds.Add({0.5, 12, 0});
     EXPECT_TRUE(IsNear(shape, {-1, 8, 0}, 0.1));
     EXPECT_FALSE(IsNear(shape, {-1, 14, 0}, 0.1));
     EXPECT_FALSE(IsNear(shape, {5, 0.5, 0}, 0.1));
+}
+
+TEST(HitTest, CentredText_IsHitOnBothSidesOfItsPosition) {
+    Shape shape;
+    shape.texts.push_back({{0, 0, 0}, 2, 0, 0.5, L"abcdefghij"});
+    shape.bounds.Add({-6, -0.5, 0});
+    shape.bounds.Add({6, 2, 0});
+    EXPECT_TRUE(IsNear(shape, {-5, 1, 0}, 0.1));
+    EXPECT_TRUE(IsNear(shape, {5, 1, 0}, 0.1));
+    shape.texts.front().anchor = 1;
+    EXPECT_FALSE(IsNear(shape, {5, 1, 0}, 0.1));
 }
 
 TEST(HitTest, Box_TakesWhatLiesWithin) {

@@ -223,6 +223,122 @@ TEST(Entities, Bounds_HoldTheWholeShape) {
     EXPECT_TRUE(kvhost::BlockReference().GetBounds().IsEmpty());
 }
 
+TEST(Entities, Choices_RefuseWhatIsNone) {
+    kvhost::Text text;
+    EXPECT_EQ(text.SetAlignment(static_cast<kvhost::TextAlignment>(12)), Tolm::eInvalidInput);
+    EXPECT_EQ(text.SetAlignment(static_cast<kvhost::TextAlignment>(-1)), Tolm::eInvalidInput);
+    EXPECT_EQ(text.SetAlignment(kvhost::TextAlignment::BottomRight), Tolm::eOk);
+    EXPECT_EQ(text.Alignment(), kvhost::TextAlignment::BottomRight);
+    kvhost::Point point;
+    EXPECT_EQ(point.SetStyle(static_cast<kvhost::PointStyle>(5)), Tolm::eInvalidInput);
+    EXPECT_EQ(point.SetStyle(kvhost::PointStyle::Square), Tolm::eOk);
+    EXPECT_EQ(point.Style(), kvhost::PointStyle::Square);
+    for (const std::int32_t weight : {-4, 1, 26, 212}) {
+        EXPECT_EQ(point.SetLineweight(weight), Tolm::eInvalidInput) << weight;
+    }
+    EXPECT_EQ(point.EffectiveLineweight(), 25);
+    for (const std::int32_t weight : {-3, 0, 211}) {
+        EXPECT_EQ(point.SetLineweight(weight), Tolm::eOk) << weight;
+    }
+    EXPECT_EQ(point.EffectiveLineweight(), 211);
+}
+
+struct AlignmentCase {
+    kvhost::TextAlignment alignment;
+    double left;
+    double bottom;
+};
+
+class TextAlignmentBounds : public testing::TestWithParam<AlignmentCase> {};
+
+TEST_P(TextAlignmentBounds, PutThePointOfTheTextAtItsPosition) {
+    kvhost::Text text;
+    text.SetContent(L"abcde");  // 30 units wide
+    text.SetHeight(10);
+    text.SetPosition({100, 200, 0});
+    text.SetAlignment(GetParam().alignment);
+    EXPECT_NEAR(text.GetBounds().left, GetParam().left, 1e-9);
+    EXPECT_NEAR(text.GetBounds().bottom, GetParam().bottom, 1e-9);
+    EXPECT_NEAR(text.GetBounds().right, GetParam().left + 30, 1e-9);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, TextAlignmentBounds,
+                         testing::Values(AlignmentCase{kvhost::TextAlignment::Left, 100, 200},
+                                         AlignmentCase{kvhost::TextAlignment::Center, 85, 200},
+                                         AlignmentCase{kvhost::TextAlignment::Right, 70, 200},
+                                         AlignmentCase{kvhost::TextAlignment::MiddleLeft, 100, 195},
+                                         AlignmentCase{kvhost::TextAlignment::TopCenter, 85, 190},
+                                         AlignmentCase{kvhost::TextAlignment::BottomRight, 70, 202.5}));
+
+TEST(Entities, TurnedAlignedText_TurnsRoundItsPosition) {
+    kvhost::Text text;
+    text.SetContent(L"abcde");
+    text.SetHeight(10);
+    text.SetRotation(std::numbers::pi / 2);
+    text.SetAlignment(kvhost::TextAlignment::TopLeft);
+    const Bounds bounds = text.GetBounds();
+    EXPECT_NEAR(bounds.left, 0, 1e-9);
+    EXPECT_NEAR(bounds.right, 10, 1e-9);
+    EXPECT_NEAR(bounds.bottom, 0, 1e-9);
+    EXPECT_NEAR(bounds.top, 30, 1e-9);
+}
+
+TEST(Entities, PointStyles_DrawDotsAndFigures) {
+    struct Counter final : kvhost::GeometrySink {
+        void Path(std::span<const kvhost::Point3> points, bool closed) override {
+            ++paths;
+            closedPaths += closed ? 1 : 0;
+            for (const kvhost::Point3& point : points) {
+                bounds.Add(point);
+            }
+        }
+        void Text(const kvhost::TextLine&) override { ADD_FAILURE(); }
+        void Dot(const kvhost::Point3&) override { ++dots; }
+        int paths = 0;
+        int closedPaths = 0;
+        int dots = 0;
+        Bounds bounds;
+    };
+    const auto drawn = [](kvhost::PointStyle style) {
+        kvhost::Point point;
+        point.SetPosition({10, 20, 0});
+        point.SetStyle(style);
+        Counter counter;
+        point.Draw(counter, kvhost::Transform());
+        return counter;
+    };
+    EXPECT_EQ(drawn(kvhost::PointStyle::Dot).dots, 1);
+    EXPECT_EQ(drawn(kvhost::PointStyle::Plus).paths, 2);
+    EXPECT_EQ(drawn(kvhost::PointStyle::Cross).paths, 2);
+    EXPECT_EQ(drawn(kvhost::PointStyle::Circle).closedPaths, 1);
+    const Counter square = drawn(kvhost::PointStyle::Square);
+    EXPECT_EQ(square.closedPaths, 1);
+    EXPECT_NEAR(square.bounds.left, 9.5, 1e-9);
+    EXPECT_NEAR(square.bounds.top, 20.5, 1e-9);
+}
+
+TEST(Entities, BlockReference_DrawsNoInvisibleParts) {
+    Database database;
+    KvDbObjectId block;
+    KvDbObjectId id;
+    ASSERT_EQ(database.AddBlock(L"Unit", block), Tolm::eOk);
+    ASSERT_EQ(database.Append(std::make_unique<kvhost::Point>(), block, id), Tolm::eOk);
+    auto reference = std::make_unique<kvhost::BlockReference>();
+    reference->SetBlockId(block);
+    const KvDbObjectId referenceId = AppendTo(database, std::move(reference));
+    auto attribute = std::make_unique<kvhost::Attribute>();
+    attribute->SetTag(L"NUMBER");
+    attribute->SetValue(L"12");
+    KvDbObjectId attributeId;
+    ASSERT_EQ(database.Append(std::move(attribute), referenceId, attributeId), Tolm::eOk);
+    const auto& drawn = *Database::PeekAs<kvhost::Entity>(referenceId);
+    EXPECT_GT(drawn.GetBounds().right, 1);
+    EXPECT_EQ(ScopedOpen<kvhost::Attribute>(attributeId, KvDb::kForWrite)->SetInvisible(true), Tolm::eOk);
+    EXPECT_NEAR(drawn.GetBounds().right, 0, 1e-9);
+    EXPECT_EQ(ScopedOpen<kvhost::Point>(id, KvDb::kForWrite)->SetVisible(false), Tolm::eOk);
+    EXPECT_TRUE(drawn.GetBounds().IsEmpty());
+}
+
 TEST(Entities, BlockReference_PlacesScalesAndTurnsItsBlock) {
     Database database;
     KvDbObjectId block;

@@ -58,6 +58,7 @@ void AddBlockWithReference(Database& database) {
     attribute->SetPrompt(L"Number of the door");
     attribute->SetValue(L"12 b");
     attribute->SetPosition({10, 21, 0});
+    attribute->SetInvisible(true);
     static_cast<void>(database.Append(std::move(attribute), referenceId, id));
 }
 
@@ -96,11 +97,15 @@ void AddTexts(Database& database) {
     text->SetHeight(2.5);
     text->SetRotation(1);
     text->SetStyleName(L"Sign");
+    text->SetAlignment(kvhost::TextAlignment::BottomRight);
     text->SetPasscode(L"1234");
     text->SetColor(ColorValue::ByBlock());
     AppendTo(database, std::move(text));
     auto point = std::make_unique<kvhost::Point>();
     point->SetPosition({5, 6, 7});
+    point->SetStyle(kvhost::PointStyle::Square);
+    point->SetLineweight(211);
+    point->SetVisible(false);
     AppendTo(database, std::move(point));
 }
 
