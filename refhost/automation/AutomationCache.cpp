@@ -1,6 +1,7 @@
 #include "refhost/automation/AutomationCache.h"
 
 #include "framework/com/CComObject.h"
+#include "refhost/automation/GroupedAutomationObject.h"
 #include "refhost/automation/PropertyRows.h"
 #include "refhost/automation/PropertyTable.h"
 #include "refhost/db/Database.h"
@@ -77,6 +78,9 @@ HRESULT GetAutomationObject(KvDbObjectId id, IDispatch** object) {
     const Object* const subject = Database::Peek(id);
     const PropertyTable* const table = subject != nullptr ? PropertyTable::Of(subject->ClassName()) : nullptr;
     RETURN_HR_IF(E_INVALIDARG, table == nullptr);
+    if (GroupedAutomationObject::IsNeededFor(*table)) {
+        return MakeObject<GroupedAutomationObject>(id, *table, object);
+    }
     return dynamic_cast<const Entity*>(subject) != nullptr
                ? MakeObject<GraphicalAutomationObject>(id, *table, object)
                : MakeObject<AutomationObject>(id, *table, object);

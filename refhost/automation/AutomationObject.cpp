@@ -1,7 +1,5 @@
 #include "refhost/automation/AutomationObject.h"
 
-#include <array>
-
 #include "framework/base/Hresult.h"
 #include "refhost/automation/AutomationCache.h"
 #include "refhost/automation/AutomationError.h"
@@ -14,23 +12,8 @@
 
 namespace kvhost {
 
-namespace {
-
-template <class Class>
-constexpr auto CommonInterfaces() {
-    return std::array{fw::Implements<Class, IDispatch>(),
-                      fw::Implements<Class, IDatabaseObjectIdentity>(),
-                      fw::Implements<Class, IPropertyEditability>(),
-                      fw::Implements<Class, IPropertyUnspecifiedSupport>(),
-                      fw::Implements<Class, IPropertyExpressionSupport>(),
-                      fw::Implements<Class, IPerPropertyBrowsing>(),
-                      fw::Implements<Class, IAutomationIdentity>()};
-}
-
-}  // namespace
-
 std::span<const fw::InterfaceEntry> AutomationObject::Interfaces() {
-    static constexpr auto interfaces = CommonInterfaces<AutomationObject>();
+    static constexpr auto interfaces = InterfacesOfObjects<AutomationObject>();
     return interfaces;
 }
 
@@ -57,6 +40,10 @@ Tolm::ErrorStatus AutomationObject::Read(const PropertyDescription& property, fw
 
 Tolm::ErrorStatus AutomationObject::Write(const PropertyDescription& property, const fw::Variant& value) {
     return WritePlainValue(m_id, property.name, [&](Object& object) { return property.set(object, value); });
+}
+
+const PropertyDescription* AutomationObject::PropertyAt(DISPID dispid) const {
+    return m_table->Find(dispid);
 }
 
 const PropertyDescription* AutomationObject::PropertyOf(const VARIANT& key) const {
@@ -180,9 +167,7 @@ STDMETHODIMP AutomationObject::SetExpression(VARIANT key, wchar_t* expression) {
 }
 
 std::span<const fw::InterfaceEntry> GraphicalAutomationObject::Interfaces() {
-    static constexpr auto interfaces =
-        fw::JoinInterfaces(CommonInterfaces<GraphicalAutomationObject>(),
-                           std::array{fw::Implements<GraphicalAutomationObject, IGraphicalObjectUpdate>()});
+    static constexpr auto interfaces = InterfacesOfGraphics<GraphicalAutomationObject>();
     return interfaces;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <span>
 
 #include "framework/com/ComObjectRoot.h"
@@ -66,8 +67,22 @@ public:
 protected:
     ~AutomationObject();
 
+    /// What every automation object answers, as an object of `Class`.
+    template <class Class>
+    static constexpr auto InterfacesOfObjects() {
+        return std::array{fw::Implements<Class, IDispatch>(),
+                          fw::Implements<Class, IDatabaseObjectIdentity>(),
+                          fw::Implements<Class, IPropertyEditability>(),
+                          fw::Implements<Class, IPropertyUnspecifiedSupport>(),
+                          fw::Implements<Class, IPropertyExpressionSupport>(),
+                          fw::Implements<Class, IPerPropertyBrowsing>(),
+                          fw::Implements<Class, IAutomationIdentity>()};
+    }
+
     [[nodiscard]] KvDbObjectId Id() const { return m_id; }
     [[nodiscard]] std::wstring JournalName() const override;
+    /// Null when the class has no such property.
+    [[nodiscard]] const PropertyDescription* PropertyAt(DISPID dispid) const;
 
 private:
     // PropertyDispatch
@@ -95,6 +110,13 @@ public:
 
 protected:
     ~GraphicalAutomationObject() = default;
+
+    /// What every drawn object answers, as an object of `Class`.
+    template <class Class>
+    static constexpr auto InterfacesOfGraphics() {
+        return fw::JoinInterfaces(InterfacesOfObjects<Class>(),
+                                  std::array{fw::Implements<Class, IGraphicalObjectUpdate>()});
+    }
 };
 
 }  // namespace kvhost

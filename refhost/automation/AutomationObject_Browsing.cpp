@@ -8,6 +8,15 @@
 
 namespace kvhost {
 
+namespace {
+
+bool IsValueOf(const EnumerationEntry& entry, const fw::Variant& value) {
+    return value.Is(VT_BOOL) ? (entry.value != 0) == (value.Get().boolVal != VARIANT_FALSE)
+                             : value.Is(VT_I4) && entry.value == value.LongOr(0);
+}
+
+}  // namespace
+
 STDMETHODIMP AutomationObject::GetDisplayString(DISPID dispid, BSTR* text) {
     RETURN_IF_NULL_POINTER(text);
     *text = nullptr;
@@ -19,7 +28,7 @@ STDMETHODIMP AutomationObject::GetDisplayString(DISPID dispid, BSTR* text) {
     fw::Variant value;
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), Read(*property, value) != Tolm::eOk);
     for (const EnumerationEntry& entry : property->enumeration->entries) {
-        if (entry.value == value.LongOr(-1)) {
+        if (IsValueOf(entry, value)) {
             return call.ReturnsCode(fw::MakeBstr(entry.displayText, text));
         }
     }
@@ -60,10 +69,13 @@ STDMETHODIMP AutomationObject::GetPredefinedValue(DISPID dispid, DWORD cookie, V
     ServiceCall call(L"GetPredefinedValue", Id(), dispid, cookie);
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
     const PropertyDescription* const property = m_table->Find(dispid);
-    RETURN_HR_IF(call.ReturnsCode(E_NOTIMPL), property == nullptr || property->enumeration == nullptr);
+    RETURN_HR_IF(call.ReturnsCode(E_NOTIMPL), property == nullptr || property->enumeration == nullptr ||
+                                                  property->Has(PropertyValuesOfType));
     RETURN_HR_IF(call.ReturnsCode(E_INVALIDARG), cookie >= property->enumeration->entries.size());
-    value->vt = VT_I4;
-    value->lVal = property->enumeration->entries[cookie].value;
+    const long number = property->enumeration->entries[cookie].value;
+    fw::Variant made =
+        property->type == VT_BOOL ? fw::Variant::FromBool(number != 0) : fw::Variant::FromLong(number);
+    made.DetachTo(*value);
     return call.ReturnsCode(S_OK);
 }
 

@@ -11,6 +11,7 @@ inline constexpr wchar_t Area[] = L"KvPePropertyEditorNumericArea";
 inline constexpr wchar_t Coordinates[] = L"KvPePropertyEditorVariant";
 inline constexpr wchar_t Truth[] = L"KvPePropertyEditorBool";
 inline constexpr wchar_t Choice[] = L"KvPePropertyEditorEnum";
+inline constexpr wchar_t GroupedChoice[] = L"KvPePropertyEditorSpinnerEnum";
 inline constexpr wchar_t Color[] = L"KvPePropertyEditorColor";
 inline constexpr wchar_t Layer[] = L"KvPePropertyEditorLayer";
 inline constexpr wchar_t Linetype[] = L"KvPePropertyEditorLType";

@@ -87,9 +87,18 @@ constexpr PropertyDescription c_arcRows[] = {
      ReadNumber<Arc, &Arc::Length>, nullptr},
 };
 
+constexpr EnumerationEntry c_pointStyleEntries[] = {
+    {L"Dot", L"Dot", 0},     {L"Plus", L"Plus", 1},  {L"Cross", L"Cross", 2},
+    {L"Ring", L"Circle", 3}, {L"Box", L"Square", 4},
+};
+static_assert(std::size(c_pointStyleEntries) == c_pointStyleNames.size());
+constexpr Enumeration c_pointStyle = {L"KvPointStyle", c_pointStyleEntries};
+
 constexpr PropertyDescription c_pointRows[] = {
     {271, L"Coordinates", L"Position", c_geometry, c_numbers, controls::Coordinates, 0,
      ReadPoint<Point, &Point::Position>, WritePoint<Point, &Point::SetPosition>},
+    {272, L"Style", L"Style", c_geometry, VT_I4, controls::Choice, PropertyValuesOfType,
+     ReadChoice<Point, &Point::Style>, WriteChoice<Point, PointStyle, &Point::SetStyle>, &c_pointStyle},
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "refhost/automation/DynamicAttribute.h"
 
+#include <algorithm>
 #include <array>
 #include <map>
 
@@ -24,7 +25,7 @@ Properties& LiveProperties() {
     return properties;
 }
 
-// The two sets of interfaces that attributes offer. The first entry is the identity.
+// The sets of interfaces that attributes offer. The first entry is the identity.
 class DynamicAttributeByObject : public DynamicAttribute {
 public:
     static std::span<const fw::InterfaceEntry> Interfaces() {
@@ -47,6 +48,20 @@ public:
             fw::Implements<DynamicAttributeWithDialog, IDynamicPropertyDialog>(),
             fw::Implements<DynamicAttributeWithDialog, IPropertyUnspecifiedSupport>(),
             fw::Implements<DynamicAttributeWithDialog, IPropertyExpressionSupport>(),
+        };
+        return interfaces;
+    }
+};
+
+class DynamicAttributeOfChoice : public DynamicAttribute {
+public:
+    static std::span<const fw::InterfaceEntry> Interfaces() {
+        static constexpr std::array interfaces{
+            fw::Implements<DynamicAttributeOfChoice, IDynamicPropertyByObject>(),
+            fw::Implements<DynamicAttributeOfChoice, IDynamicProperty>(),
+            fw::Implements<DynamicAttributeOfChoice, IDynamicPropertyEnum>(),
+            fw::Implements<DynamicAttributeOfChoice, IPropertyUnspecifiedSupport>(),
+            fw::Implements<DynamicAttributeOfChoice, IPropertyExpressionSupport>(),
         };
         return interfaces;
     }
@@ -75,6 +90,9 @@ HRESULT Make(DynamicAttribute** result) {
 HRESULT MakeOfKind(const DynamicAttributeKind& kind, DynamicAttribute** result) {
     if (kind.byIdOnly) {
         return Make<DynamicAttributeById>(result);
+    }
+    if (kind.HasChoice()) {
+        return Make<DynamicAttributeOfChoice>(result);
     }
     return kind.HasDialog() ? Make<DynamicAttributeWithDialog>(result)
                             : Make<DynamicAttributeByObject>(result);
@@ -140,22 +158,24 @@ HRESULT DynamicAttribute::Read(KvDbObjectId id, VARIANT* value) {
     RETURN_HR_IF(call.ReturnsCode(ScodeOf(object.Status())), !object);
     const std::wstring* const text = object->CustomAttribute(m_name);
     RETURN_HR_IF(call.ReturnsCode(ScodeOf(Tolm::eKeyNotFound)), text == nullptr);
-    value->vt = VT_BSTR;
-    return call.ReturnsCode(fw::MakeBstr(*text, &value->bstrVal));
+    ValueOf(*text).DetachTo(*value);
+    return call.ReturnsCode(S_OK);
 }
 
 HRESULT DynamicAttribute::Write(KvDbObjectId id, const VARIANT& value) {
     ServiceCall call(L"SetCurrentValueData", m_name, id, value);
     RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
-    fw::Variant text;
+    fw::Variant given;
     RETURN_HR_IF(call.ReturnsCode(DISP_E_TYPEMISMATCH),
-                 FAILED(text.CopyIndirectFrom(value)) || FAILED(text.ChangeType(VT_BSTR)));
-    const Tolm::ErrorStatus status =
-        m_kind->readOnly ? Tolm::eNotAllowed : WritePlainValue(id, StateName(), [&](Object& object) {
-            return object.CustomAttribute(m_name) != nullptr
-                       ? object.SetCustomAttribute(m_name, text.StringView())
-                       : Tolm::eKeyNotFound;
+                 FAILED(given.CopyIndirectFrom(value)) || FAILED(given.ChangeType(m_kind->type)));
+    std::wstring text;
+    Tolm::ErrorStatus status = m_kind->readOnly ? Tolm::eNotAllowed : StoredText(given, text);
+    if (status == Tolm::eOk) {
+        status = WritePlainValue(id, StateName(), [&](Object& object) {
+            return object.CustomAttribute(m_name) != nullptr ? object.SetCustomAttribute(m_name, text)
+                                                             : Tolm::eKeyNotFound;
         });
+    }
     return call.ReturnsCode(AsErrorText(status, __uuidof(IDynamicProperty)));
 }
 
@@ -178,13 +198,84 @@ STDMETHODIMP DynamicAttribute::SetCurrentValueData(KvDbObjectId object, VARIANT 
 STDMETHODIMP DynamicAttribute::GetPropertyNameCount(long* count) {
     RETURN_IF_NULL_POINTER(count);
     *count = 0;
-    return S_OK;
+    ServiceCall call(L"GetPropertyNameCount", m_name);
+    RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
+    *count = m_kind->HasTwoNames() ? 2 : 0;
+    return call.ReturnsCode(S_OK);
 }
 
-STDMETHODIMP DynamicAttribute::GetPropertyName(long, BSTR* name) {
+STDMETHODIMP DynamicAttribute::GetPropertyName(long index, BSTR* name) {
     RETURN_IF_NULL_POINTER(name);
     *name = nullptr;
-    return E_INVALIDARG;
+    ServiceCall call(L"GetPropertyName", m_name, index);
+    RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
+    RETURN_HR_IF(call.ReturnsCode(E_INVALIDARG), !m_kind->HasTwoNames() || !HasValueAt(index));
+    return call.ReturnsCode(fw::MakeBstr(m_kind->values[static_cast<std::size_t>(index)].name, name));
+}
+
+STDMETHODIMP DynamicAttribute::GetValueCount(long* count) {
+    RETURN_IF_NULL_POINTER(count);
+    *count = 0;
+    ServiceCall call(L"GetValueCount", m_name);
+    RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
+    *count = static_cast<long>(m_kind->values.size());
+    return call.ReturnsCode(S_OK);
+}
+
+STDMETHODIMP DynamicAttribute::GetValueName(long index, BSTR* name) {
+    RETURN_IF_NULL_POINTER(name);
+    *name = nullptr;
+    ServiceCall call(L"GetValueName", m_name, index);
+    RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
+    RETURN_HR_IF(call.ReturnsCode(E_INVALIDARG), !HasValueAt(index));
+    return call.ReturnsCode(fw::MakeBstr(m_kind->values[static_cast<std::size_t>(index)].name, name));
+}
+
+STDMETHODIMP DynamicAttribute::GetValueData(long index, VARIANT* data) {
+    RETURN_IF_NULL_POINTER(data);
+    ::VariantInit(data);
+    ServiceCall call(L"GetValueData", m_name, index);
+    RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
+    RETURN_HR_IF(call.ReturnsCode(E_INVALIDARG), !HasValueAt(index));
+    ValueOf(m_kind->values[static_cast<std::size_t>(index)].stored).DetachTo(*data);
+    return call.ReturnsCode(S_OK);
+}
+
+bool DynamicAttribute::HasValueAt(long index) const {
+    return index >= 0 && index < static_cast<long>(m_kind->values.size());
+}
+
+// Drawings from elsewhere may keep any text: what is none of the values is handed out as it stands.
+fw::Variant DynamicAttribute::ValueOf(std::wstring_view stored) const {
+    fw::Variant value = fw::Variant::FromString(stored);
+    if (m_kind->HasTwoNames()) {
+        for (const DynamicAttributeValue& known : m_kind->values) {
+            if (stored == known.stored) {
+                return fw::Variant::FromBool(&known == m_kind->values.data());
+            }
+        }
+        return value;
+    }
+    fw::Ignore(value.ChangeType(m_kind->type));
+    return value;
+}
+
+Tolm::ErrorStatus DynamicAttribute::StoredText(const fw::Variant& value, std::wstring& text) const {
+    if (m_kind->HasTwoNames()) {
+        text = m_kind->values[value.Get().boolVal != VARIANT_FALSE ? 0 : 1].stored;
+        return Tolm::eOk;
+    }
+    fw::Variant asText = value;
+    if (FAILED(asText.ChangeType(VT_BSTR))) {
+        return Tolm::eInvalidInput;
+    }
+    text = asText.StringView();
+    const auto values = m_kind->values;
+    const bool isKnown =
+        values.empty() || std::any_of(values.begin(), values.end(), [&](const DynamicAttributeValue& known) {
+            return text == known.stored;
+        });
+    return isKnown ? Tolm::eOk : Tolm::eInvalidInput;
 }
 
 STDMETHODIMP DynamicAttribute::GetDialogProcedure(KvPropertyDialogProcedure* procedure) {

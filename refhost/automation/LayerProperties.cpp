@@ -9,6 +9,9 @@ namespace {
 
 constexpr wchar_t c_layer[] = L"Layer";
 
+constexpr EnumerationEntry c_switchEntries[] = {{L"kvLayerOn", L"On", 1}, {L"kvLayerOff", L"Off", 0}};
+constexpr Enumeration c_switch = {L"KvLayerSwitch", c_switchEntries};
+
 constexpr PropertyDescription c_rows[] = {
     {281, L"Name", L"Name", c_layer, VT_BSTR, controls::Text, 0, ReadText<Layer, &Layer::Name>,
      WriteText<Layer, &Layer::SetName>},
@@ -17,8 +20,8 @@ constexpr PropertyDescription c_rows[] = {
     {283, L"Color", L"Color", c_layer, VT_I4, controls::Color, 0, ReadColor<Layer>, WriteColor<Layer>},
     {284, L"Linetype", L"Linetype", c_layer, VT_BSTR, controls::Linetype, 0,
      ReadText<Layer, &Layer::Linetype>, WriteText<Layer, &Layer::SetLinetype>},
-    {285, L"LayerOn", L"On", c_layer, VT_BOOL, controls::Truth, 0, ReadTruth<Layer, &Layer::IsOn>,
-     WriteTruth<Layer, &Layer::SetOn>},
+    {285, L"LayerOn", L"Shown", c_layer, VT_BOOL, controls::Truth, 0, ReadTruth<Layer, &Layer::IsOn>,
+     WriteTruth<Layer, &Layer::SetOn>, &c_switch},
     {286, L"Freeze", L"Frozen", c_layer, VT_BOOL, controls::Truth, 0, ReadTruth<Layer, &Layer::IsFrozen>,
      WriteTruth<Layer, &Layer::SetFrozen>},
     {287, L"Lock", L"Locked", c_layer, VT_BOOL, controls::Truth, 0, ReadTruth<Layer, &Layer::IsLocked>,

@@ -1,8 +1,10 @@
 #include <algorithm>
+#include <cmath>
 
 #include "refhost/automation/ControlNames.h"
 #include "refhost/automation/PropertyAccess.h"
 #include "refhost/automation/PropertyTables.h"
+#include "refhost/automation/SegmentShape.h"
 #include "refhost/db/Polyline.h"
 
 namespace kvhost {
@@ -96,15 +98,96 @@ Tolm::ErrorStatus ReadVertexCount(const Object& object, fw::Variant& value) {
     return Tolm::eOk;
 }
 
+// A grouped property with one element per segment.
+constexpr EnumerationEntry c_segmentEntries[] = {
+    {L"kvSegmentStraight", L"Straight", static_cast<long>(SegmentShape::Straight)},
+    {L"kvSegmentArcLeft", L"Arc, turning left", static_cast<long>(SegmentShape::ArcLeft)},
+    {L"kvSegmentArcRight", L"Arc, turning right", static_cast<long>(SegmentShape::ArcRight)},
+};
+constexpr Enumeration c_segmentShape = {L"KvSegmentShape", c_segmentEntries};
+
+std::size_t SegmentCount(const Object& object) {
+    const Polyline& polyline = AsPolyline(object);
+    return polyline.Vertices().size() - (polyline.IsClosed() ? 0 : 1);
+}
+
+Tolm::ErrorStatus ReadSegment(const Object& object, std::size_t key, fw::Variant& value) {
+    value = fw::Variant::FromLong(static_cast<long>(ShapeOfSegment(AsPolyline(object).Vertices()[key])));
+    return Tolm::eOk;
+}
+
+Tolm::ErrorStatus WriteSegment(Object& object, std::size_t key, const fw::Variant& value) {
+    auto& polyline = static_cast<Polyline&>(object);
+    PolylineVertex vertex = polyline.Vertices()[key];
+    const bool isKnown = BendSegment(vertex, static_cast<SegmentShape>(value.LongOr(-1)));
+    return isKnown ? polyline.SetVertex(key, vertex) : Tolm::eInvalidInput;
+}
+
+constexpr PropertyElements c_segments = {1, VT_I4, SegmentCount, ReadSegment, WriteSegment};
+
+Tolm::ErrorStatus ReadSegments(const Object& object, fw::Variant& value) {
+    std::vector<double> numbers;
+    for (std::size_t i = 0; i < SegmentCount(object); ++i) {
+        numbers.push_back(static_cast<double>(ShapeOfSegment(AsPolyline(object).Vertices()[i])));
+    }
+    value = NumbersToVariant(numbers);
+    return Tolm::eOk;
+}
+
+// A single number comes ahead of the write of one element, which says where it belongs: it is taken and
+// changes nothing.
+Tolm::ErrorStatus WriteSegments(Object& object, const fw::Variant& value) {
+    if (value.Is(VT_I4)) {
+        return Tolm::eOk;
+    }
+    std::vector<double> numbers;
+    if (NumbersFromVariant(value, numbers) != Tolm::eOk || numbers.size() != SegmentCount(object)) {
+        return Tolm::eInvalidInput;
+    }
+    auto& polyline = static_cast<Polyline&>(object);
+    std::vector<PolylineVertex> vertices = polyline.Vertices();
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        if (!BendSegment(vertices[i], static_cast<SegmentShape>(std::lround(numbers[i])))) {
+            return Tolm::eInvalidInput;
+        }
+    }
+    return polyline.SetVertices(std::move(vertices));
+}
+
+std::size_t VertexCount(const Object& object) {
+    return AsPolyline(object).Vertices().size();
+}
+
+double* CoordinateOf(PolylineVertex& vertex, std::size_t key) {
+    return key % 2 == 0 ? &vertex.x : &vertex.y;
+}
+
+Tolm::ErrorStatus ReadCoordinate(const Object& object, std::size_t key, fw::Variant& value) {
+    PolylineVertex vertex = AsPolyline(object).Vertices()[key / 2];
+    value = fw::Variant::FromDouble(*CoordinateOf(vertex, key));
+    return Tolm::eOk;
+}
+
+Tolm::ErrorStatus WriteCoordinate(Object& object, std::size_t key, const fw::Variant& value) {
+    auto& polyline = static_cast<Polyline&>(object);
+    PolylineVertex vertex = polyline.Vertices()[key / 2];
+    *CoordinateOf(vertex, key) = value.DoubleOr(0);
+    return polyline.SetVertex(key / 2, vertex);
+}
+
+constexpr PropertyElements c_coordinates = {2, VT_R8, VertexCount, ReadCoordinate, WriteCoordinate};
+
 constexpr PropertyDescription c_polylineRows[] = {
     {261, L"Coordinates", L"Vertices", c_geometry, VT_ARRAY | VT_R8, controls::Coordinates, 0,
-     ReadCoordinates, WriteCoordinates},
+     ReadCoordinates, WriteCoordinates, nullptr, nullptr, nullptr, &c_coordinates},
     {262, L"VertexCount", L"Number of vertices", c_geometry, VT_I4, controls::Number, PropertyReadOnly,
      ReadVertexCount, nullptr},
     {263, L"Closed", L"Closed", c_geometry, VT_BOOL, controls::Truth, 0,
      ReadTruth<Polyline, &Polyline::IsClosed>, WriteTruth<Polyline, &Polyline::SetClosed>},
     {264, L"Direction", L"Direction", c_geometry, VT_I4, controls::Choice, 0, ReadDirection, WriteDirection,
      &c_direction},
+    {268, L"Segments", L"Segment", c_geometry, VT_ARRAY | VT_R8, controls::GroupedChoice, 0, ReadSegments,
+     WriteSegments, &c_segmentShape, nullptr, nullptr, &c_segments},
     {265, L"Elevation", L"Elevation", c_geometry, VT_R8, controls::Length, PropertyExpression,
      ReadNumber<Polyline, &Polyline::Elevation>, WriteNumber<Polyline, &Polyline::SetElevation>},
     {266, L"Length", L"Length", c_geometry, VT_R8, controls::Length, PropertyReadOnly,
@@ -117,6 +200,8 @@ constexpr PropertyDescription c_vertexRows[] = {
     {DispidVertexX, L"X", L"Vertex X", c_geometry, VT_R8, controls::Length, 0, nullptr, nullptr},
     {DispidVertexY, L"Y", L"Vertex Y", c_geometry, VT_R8, controls::Length, 0, nullptr, nullptr},
     {DispidVertexBulge, L"Bulge", L"Bulge", c_geometry, VT_R8, controls::Number, 0, nullptr, nullptr},
+    {DispidVertexSegment, L"Segment", L"Segment", c_geometry, VT_I4, controls::Choice, 0, nullptr, nullptr,
+     &c_segmentShape},
 };
 
 }  // namespace

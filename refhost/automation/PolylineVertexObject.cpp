@@ -7,6 +7,7 @@
 #include "refhost/automation/PropertyRows.h"
 #include "refhost/automation/PropertyState.h"
 #include "refhost/automation/PropertyTables.h"
+#include "refhost/automation/SegmentShape.h"
 #include "refhost/db/Database.h"
 #include "refhost/db/Polyline.h"
 #include "refhost/db/ScopedOpen.h"
@@ -75,7 +76,9 @@ Tolm::ErrorStatus PolylineVertexObject::Read(const PropertyDescription& property
         return Tolm::eInvalidInput;
     }
     PolylineVertex vertex = polyline->Vertices()[m_index];
-    value = fw::Variant::FromDouble(*NumberOf(vertex, property.dispid));
+    value = property.dispid == DispidVertexSegment
+                ? fw::Variant::FromLong(static_cast<long>(ShapeOfSegment(vertex)))
+                : fw::Variant::FromDouble(*NumberOf(vertex, property.dispid));
     return Tolm::eOk;
 }
 
@@ -86,7 +89,11 @@ Tolm::ErrorStatus PolylineVertexObject::Write(const PropertyDescription& propert
             return Tolm::eInvalidInput;
         }
         PolylineVertex vertex = polyline.Vertices()[m_index];
-        *NumberOf(vertex, property.dispid) = value.DoubleOr(0);
+        if (property.dispid != DispidVertexSegment) {
+            *NumberOf(vertex, property.dispid) = value.DoubleOr(0);
+        } else if (!BendSegment(vertex, static_cast<SegmentShape>(value.LongOr(-1)))) {
+            return Tolm::eInvalidInput;
+        }
         return polyline.SetVertex(m_index, vertex);
     });
 }

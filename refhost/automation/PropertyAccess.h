@@ -55,6 +55,16 @@ Tolm::ErrorStatus WriteTruth(Object& object, const fw::Variant& value) {
 }
 
 template <class T, auto Get>
+Tolm::ErrorStatus ReadChoice(const Object& object, fw::Variant& value) {
+    value = fw::Variant::FromLong(static_cast<long>((static_cast<const T&>(object).*Get)()));
+    return Tolm::eOk;
+}
+template <class T, class Choice, auto Set>
+Tolm::ErrorStatus WriteChoice(Object& object, const fw::Variant& value) {
+    return (static_cast<T&>(object).*Set)(static_cast<Choice>(value.LongOr(0)));
+}
+
+template <class T, auto Get>
 Tolm::ErrorStatus ReadPoint(const Object& object, fw::Variant& value) {
     value = PointToVariant((static_cast<const T&>(object).*Get)());
     return Tolm::eOk;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <span>
 
 #include "framework/com/Variant.h"
@@ -15,6 +16,8 @@ enum PropertyFlag : unsigned {
     PropertyExpression = 4,   ///< can be bound to an expression
     PropertyDialog = 8,       ///< has a dialog, found by IPerPropertyBrowsing::MapPropertyToPage
     PropertyMasked = 16,      ///< its text is not to be shown
+    /// Its values are told by the type library alone: GetPredefinedValue answers E_NOTIMPL.
+    PropertyValuesOfType = 32,
 };
 
 /// One value of an enumerated property: its name in the type library, the text that users see, its number.
@@ -34,6 +37,17 @@ struct Enumeration {
 using PropertyGetter = Tolm::ErrorStatus (*)(const Object& object, fw::Variant& value);
 using PropertySetter = Tolm::ErrorStatus (*)(Object& object, const fw::Variant& value);
 
+/// Access to a grouped property, an array whose elements are read and written one by one. Keys count through
+/// the groups: those of group n begin at n times the group's size.
+struct PropertyElements {
+    unsigned groupSize;
+    VARTYPE type;  ///< of an element
+    std::size_t (*groupCount)(const Object& object);
+    /// The key is below the number of elements.
+    Tolm::ErrorStatus (*get)(const Object& object, std::size_t key, fw::Variant& value);
+    Tolm::ErrorStatus (*set)(Object& object, std::size_t key, const fw::Variant& value);
+};
+
 /// One row of a property table, from which dispatch interface, type information, palette rows and
 /// documentation are made. All texts live as long as the host.
 struct PropertyDescription {
@@ -51,6 +65,7 @@ struct PropertyDescription {
     const wchar_t* unspecifiedText = nullptr;
     /// Class of the property's dialog, null without PropertyDialog.
     const CLSID* dialog = nullptr;
+    const PropertyElements* elements = nullptr;  ///< null unless the property is grouped
 
     [[nodiscard]] bool Has(PropertyFlag flag) const { return (flags & flag) != 0; }
 };

@@ -25,8 +25,8 @@ constexpr char c_dynamicIntroduction[] =
     "dynamic\n"
     "property of that name. These names have a behaviour of their own:\n"
     "\n"
-    "| name | forms | abilities |\n"
-    "|---|---|---|\n";
+    "| name | forms | type | control | abilities | values |\n"
+    "|---|---|---|---|---|---|\n";
 
 // Names in the tables are plain ASCII.
 std::string Narrow(std::wstring_view text) {
@@ -66,6 +66,7 @@ std::string Abilities(const PropertyDescription& row) {
     AppendAbility(abilities, row.Has(PropertyExpression), "expression");
     AppendAbility(abilities, row.Has(PropertyDialog), "dialog");
     AppendAbility(abilities, row.Has(PropertyMasked), "masked");
+    AppendAbility(abilities, row.elements != nullptr, "grouped");
     if (row.enumeration != nullptr) {
         AppendAbility(abilities, true, ("one of " + Narrow(row.enumeration->name)).c_str());
     }
@@ -91,8 +92,12 @@ std::string KindRow(const DynamicAttributeKind& kind) {
     AppendAbility(abilities, kind.expression, "expression");
     AppendAbility(abilities, kind.dialogProcedure != nullptr, "dialog");
     AppendAbility(abilities, kind.dialogMacro != nullptr, "macro");
+    std::string values;
+    for (const DynamicAttributeValue& value : kind.values) {
+        AppendAbility(values, true, (Narrow(value.name) + " (" + Narrow(value.stored) + ")").c_str());
+    }
     return "| " + Narrow(kind.name) + " | " + (kind.byIdOnly ? "by id" : "by object and by id") + " | " +
-           abilities + " |\n";
+           TypeName(kind.type) + " | `" + Narrow(kind.control) + "` | " + abilities + " | " + values + " |\n";
 }
 
 }  // namespace

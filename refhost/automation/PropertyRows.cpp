@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <set>
 
-#include "refhost/automation/ControlNames.h"
 #include "refhost/automation/DynamicAttribute.h"
 #include "refhost/automation/PropertyTable.h"
 #include "refhost/automation/PropertyTables.h"
@@ -52,8 +51,13 @@ const PropertyDescription* SameRowIn(const PropertyTable& table, const PropertyD
 }
 
 PropertyRow RowLike(const PropertyDescription& description) {
-    return {description.displayName, description.category, description.control,
-            description.type,        description.flags,    {}};
+    return {description.displayName,
+            description.category,
+            description.control,
+            description.type,
+            description.flags,
+            {},
+            description.elements != nullptr ? description.elements->groupSize : 0};
 }
 
 // One row of the tables, if the classes of all subjects have it.
@@ -144,7 +148,8 @@ void AppendDynamicRows(const std::vector<Subject>& subjects, std::vector<Propert
         if (!allHaveIt || FAILED(DynamicAttribute::Get(name, property))) {
             continue;
         }
-        PropertyRow row{name, L"Data", controls::Text, VT_BSTR, FlagsOf(KindOfAttribute(name)), {}};
+        const DynamicAttributeKind& kind = KindOfAttribute(name);
+        PropertyRow row{name, L"Data", kind.control, kind.type, FlagsOf(kind), {}};
         row.entries.reserve(subjects.size());
         for (const Subject& subject : subjects) {
             row.entries.push_back({subject.automation, property, DispidDynamic});

@@ -30,6 +30,7 @@ struct PropertyRow {
     VARTYPE type = VT_EMPTY;
     unsigned flags = 0;  ///< PropertyFlag bits; read-only when it is so for one of the objects
     std::vector<PropertyRowEntry> entries;
+    unsigned groupSize = 0;  ///< elements per group of a grouped property; 0 for all others
 };
 
 /// The automation object of a database object, one per object for as long as somebody holds it.

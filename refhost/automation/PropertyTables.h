@@ -27,6 +27,7 @@ namespace kvhost {
 inline constexpr DISPID DispidVertexX = 291;
 inline constexpr DISPID DispidVertexY = 292;
 inline constexpr DISPID DispidVertexBulge = 293;
+inline constexpr DISPID DispidVertexSegment = 294;
 /// The value of a block reference's attribute, which the palette shows in the reference's own rows.
 inline constexpr DISPID DispidAttributeValue = 253;
 

@@ -15,6 +15,23 @@ constexpr wchar_t c_block[] = L"Block";
 constexpr wchar_t c_attribute[] = L"Attribute";
 constexpr VARTYPE c_numbers = VT_ARRAY | VT_R8;
 
+constexpr EnumerationEntry c_alignmentEntries[] = {
+    {L"kvAlignmentLeft", L"Left", 0},
+    {L"kvAlignmentCenter", L"Center", 1},
+    {L"kvAlignmentRight", L"Right", 2},
+    {L"kvAlignmentMiddleLeft", L"Middle left", 3},
+    {L"kvAlignmentMiddleCenter", L"Middle center", 4},
+    {L"kvAlignmentMiddleRight", L"Middle right", 5},
+    {L"kvAlignmentTopLeft", L"Top left", 6},
+    {L"kvAlignmentTopCenter", L"Top center", 7},
+    {L"kvAlignmentTopRight", L"Top right", 8},
+    {L"kvAlignmentBottomLeft", L"Bottom left", 9},
+    {L"kvAlignmentBottomCenter", L"Bottom center", 10},
+    {L"kvAlignmentBottomRight", L"Bottom right", 11},
+};
+static_assert(std::size(c_alignmentEntries) == c_textAlignmentNames.size());
+constexpr Enumeration c_alignment = {L"KvTextAlignment", c_alignmentEntries};
+
 constexpr PropertyDescription c_textRows[] = {
     {231, L"TextString", L"Contents", c_text, VT_BSTR, controls::Text, PropertyExpression,
      ReadText<Text, &Text::Content>, WriteText<Text, &Text::SetContent>},
@@ -24,6 +41,8 @@ constexpr PropertyDescription c_textRows[] = {
      ReadNumber<Text, &Text::Height>, WriteNumber<Text, &Text::SetHeight>},
     {234, L"Rotation", L"Rotation", c_text, VT_R8, controls::Length, 0, ReadNumber<Text, &Text::Rotation>,
      WriteNumber<Text, &Text::SetRotation>},
+    {237, L"Alignment", L"Alignment", c_text, VT_I4, controls::Choice, 0, ReadChoice<Text, &Text::Alignment>,
+     WriteChoice<Text, TextAlignment, &Text::SetAlignment>, &c_alignment},
     {236, L"Passcode", L"Access code", c_text, VT_BSTR, controls::Password, PropertyMasked,
      ReadText<Text, &Text::Passcode>, WriteText<Text, &Text::SetPasscode>},
     {235, L"InsertionPoint", L"Position", c_geometry, c_numbers, controls::Coordinates, 0,
@@ -41,6 +60,8 @@ constexpr PropertyDescription c_attributeRows[] = {
      ReadNumber<Attribute, &Attribute::Height>, WriteNumber<Attribute, &Attribute::SetHeight>},
     {255, L"Rotation", L"Rotation", c_attribute, VT_R8, controls::Length, 0,
      ReadNumber<Attribute, &Attribute::Rotation>, WriteNumber<Attribute, &Attribute::SetRotation>},
+    {257, L"Invisible", L"Invisible", c_attribute, VT_BOOL, controls::Truth, 0,
+     ReadTruth<Attribute, &Attribute::IsInvisible>, WriteTruth<Attribute, &Attribute::SetInvisible>},
     {256, L"InsertionPoint", L"Position", c_geometry, c_numbers, controls::Coordinates, 0,
      ReadPoint<Attribute, &Attribute::Position>, WritePoint<Attribute, &Attribute::SetPosition>},
 };

@@ -4,6 +4,7 @@
 #include "host_sdk/IDynamicProperty.h"
 #include "host_sdk/IDynamicPropertyByObject.h"
 #include "host_sdk/IDynamicPropertyDialog.h"
+#include "host_sdk/IDynamicPropertyEnum.h"
 #include "host_sdk/IPropertyExpressionSupport.h"
 #include "host_sdk/IPropertyUnspecifiedSupport.h"
 #include "refhost/db/Circle.h"
@@ -162,6 +163,91 @@ TEST_F(DynamicAttributeTest, Expression_IsEvaluatedForItsObject) {
     fw::Bstr read;
     EXPECT_EQ(support->GetExpression(KeyOf(object.Get()), read.Put()), S_OK);
     EXPECT_EQ(read.View(), expression);
+}
+
+TEST_F(DynamicAttributeTest, Choice_ListsItsValuesInTheirType) {
+    const KvDbObjectId id = AddWith(L"Storeys", L"2");
+    const auto rows = kvhost::RowsOf(std::vector{id});
+    EXPECT_EQ(rows.back().control, L"KvPePropertyEditorEnum");
+    EXPECT_EQ(rows.back().type, VT_I4);
+    const auto values = PropertyOf(id).As<IDynamicPropertyEnum>();
+    long count = 0;
+    EXPECT_EQ(values->GetValueCount(&count), S_OK);
+    ASSERT_EQ(count, 3);
+    fw::Bstr name;
+    EXPECT_EQ(values->GetValueName(1, name.Put()), S_OK);
+    EXPECT_EQ(name.View(), L"Two storeys");
+    fw::Variant data;
+    EXPECT_EQ(values->GetValueData(1, data.Put()), S_OK);
+    EXPECT_EQ(data.LongOr(0), 2);
+    for (const long index : {-1L, 3L}) {
+        EXPECT_EQ(values->GetValueName(index, name.Put()), E_INVALIDARG);
+        EXPECT_EQ(values->GetValueData(index, data.Put()), E_INVALIDARG);
+    }
+    EXPECT_FALSE(PropertyOf(AddWith(L"POP", L"1")).As<IDynamicPropertyEnum>());
+}
+
+TEST_F(DynamicAttributeTest, Choice_TakesItsValuesAlone) {
+    const KvDbObjectId id = AddWith(L"Storeys", L"2");
+    const auto property = PropertyOf(id).As<IDynamicProperty>();
+    fw::Variant value;
+    EXPECT_EQ(property->GetCurrentValueData(id, value.Put()), S_OK);
+    EXPECT_EQ(value.LongOr(0), 2);
+    EXPECT_EQ(property->SetCurrentValueData(id, fw::Variant::FromLong(3).Get()), S_OK);
+    EXPECT_EQ(TextOf(id, L"Storeys"), L"3");
+    EXPECT_EQ(property->SetCurrentValueData(id, fw::Variant::FromLong(4).Get()),
+              static_cast<HRESULT>(0x80200000UL | Tolm::eInvalidInput));
+    EXPECT_EQ(TextOf(id, L"Storeys"), L"3");
+    fw::ClearErrorInfo();
+}
+
+TEST_F(DynamicAttributeTest, Choice_TextThatIsNoneOfTheValuesIsHandedOut) {
+    const KvDbObjectId id = AddWith(L"Storeys", L"many");
+    fw::Variant value;
+    EXPECT_EQ(PropertyOf(id).As<IDynamicProperty>()->GetCurrentValueData(id, value.Put()), S_OK);
+    EXPECT_EQ(value.StringView(), L"many");
+    const KvDbObjectId other = AddWith(L"Public", L"perhaps");
+    EXPECT_EQ(PropertyOf(other).As<IDynamicProperty>()->GetCurrentValueData(other, value.Put()), S_OK);
+    EXPECT_EQ(value.StringView(), L"perhaps");
+}
+
+TEST_F(DynamicAttributeTest, Truth_HasTwoNamesAndIsStoredAsText) {
+    const KvDbObjectId id = AddWith(L"Public", L"yes");
+    const auto property = PropertyOf(id).As<IDynamicPropertyNames>();
+    long count = 0;
+    EXPECT_EQ(property->GetPropertyNameCount(&count), S_OK);
+    EXPECT_EQ(count, 2);
+    fw::Bstr name;
+    EXPECT_EQ(property->GetPropertyName(0, name.Put()), S_OK);
+    EXPECT_EQ(name.View(), L"Open to all");
+    EXPECT_EQ(property->GetPropertyName(1, name.Put()), S_OK);
+    EXPECT_EQ(name.View(), L"Private");
+    EXPECT_EQ(property->GetPropertyName(2, name.Put()), E_INVALIDARG);
+    fw::Variant value;
+    EXPECT_EQ(property->GetCurrentValueData(id, value.Put()), S_OK);
+    ASSERT_TRUE(value.Is(VT_BOOL));
+    EXPECT_EQ(value.Get().boolVal, VARIANT_TRUE);
+    EXPECT_EQ(property->SetCurrentValueData(id, fw::Variant::FromBool(false).Get()), S_OK);
+    EXPECT_EQ(TextOf(id, L"Public"), L"no");
+
+    const auto plain = PropertyOf(AddWith(L"POP", L"1")).As<IDynamicPropertyNames>();
+    EXPECT_EQ(plain->GetPropertyNameCount(&count), S_OK);
+    EXPECT_EQ(count, 0);
+    EXPECT_EQ(plain->GetPropertyName(0, name.Put()), E_INVALIDARG);
+}
+
+TEST_F(DynamicAttributeTest, Journal_NamesTheValueThatIsAsked) {
+    const KvDbObjectId id = AddWith(L"Condition", L"good");
+    const auto values = PropertyOf(id).As<IDynamicPropertyEnum>();
+    kvhost::Journal journal;
+    long count = 0;
+    fw::Bstr name;
+    fw::Variant data;
+    EXPECT_EQ(values->GetValueCount(&count), S_OK);
+    EXPECT_EQ(values->GetValueName(2, name.Put()), S_OK);
+    EXPECT_EQ(values->GetValueData(2, data.Put()), S_OK);
+    EXPECT_EQ(data.StringView(), L"poor");
+    EXPECT_CALLS(journal, "GetValueCount Condition", "GetValueName Condition 2", "GetValueData Condition 2");
 }
 
 TEST_F(DynamicAttributeTest, Dialogs_ProcedureOrMacro) {

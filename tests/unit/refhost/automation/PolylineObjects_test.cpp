@@ -1,8 +1,12 @@
+#include "framework/com/ErrorInfo.h"
 #include "host_sdk/IDatabaseObjectIdentity.h"
+#include "host_sdk/IPropertyElementAccess.h"
+#include "host_sdk/IPropertyElementAccess2.h"
 #include "host_sdk/ITransientObjectIdentity.h"
 #include "refhost/automation/PropertyAccess.h"
 #include "refhost/automation/PropertyTable.h"
 #include "refhost/db/Circle.h"
+#include "refhost/db/Point.h"
 #include "refhost/db/Polyline.h"
 #include "tests/support/ExpectCalls.h"
 #include "tests/unit/refhost/automation/AutomationFixture.h"
@@ -98,6 +102,85 @@ TEST_F(PolylineObjectsTest, Coordinates_KeepBulges) {
               DISP_E_EXCEPTION);
 }
 
+constexpr long c_coordinates = 261;
+constexpr long c_segments = 268;
+
+TEST_F(PolylineObjectsTest, Elements_AreReadByTheirKeys) {
+    const auto polyline = ObjectOf(AddPolyline({{1, 2, 0}, {3, 4, -0.25}, {5, 6, 0}}));
+    const auto access = polyline.As<IPropertyElementAccess2>();
+    fw::Variant value;
+    EXPECT_EQ(access->GetElementValue(c_coordinates, polyline.Get(), 3, value.Put()), S_OK);
+    EXPECT_EQ(value.DoubleOr(0), 4);
+    EXPECT_EQ(access->GetElementValue(c_segments, polyline.Get(), 1, value.Put()), S_OK);
+    EXPECT_EQ(value.LongOr(-1), 2);
+    unsigned size = 0;
+    long count = 0;
+    EXPECT_EQ(access->GetGroupSize(c_coordinates, polyline.Get(), &size), S_OK);
+    EXPECT_EQ(size, 2U);
+    EXPECT_EQ(access->GetGroupCount(c_coordinates, polyline.Get(), &count), S_OK);
+    EXPECT_EQ(count, 3);
+    EXPECT_EQ(access->GetGroupCount(c_segments, polyline.Get(), &count), S_OK);
+    EXPECT_EQ(count, 2);
+}
+
+TEST_F(PolylineObjectsTest, Elements_AreWrittenInOneStepOfUndo) {
+    const KvDbObjectId id = AddSquare();
+    const auto access = ObjectOf(id).As<IPropertyElementAccess>();
+    EXPECT_EQ(access->SetElementValue(c_coordinates, 3, fw::Variant::FromLong(-7).Get()), S_OK);
+    EXPECT_EQ(VerticesOf(id)[1].y, -7);
+    EXPECT_EQ(access->SetElementValue(c_segments, 0, fw::Variant::FromLong(2).Get()), S_OK);
+    EXPECT_EQ(VerticesOf(id)[0].bulge, -0.5);
+    EXPECT_EQ(access->SetElementValue(c_segments, 1, fw::Variant::FromLong(1).Get()), S_OK);
+    EXPECT_NEAR(VerticesOf(id)[1].bulge, 0.41421356, 1e-8);
+    EXPECT_EQ(access->SetElementValue(c_segments, 0, fw::Variant::FromLong(0).Get()), S_OK);
+    EXPECT_EQ(VerticesOf(id)[0].bulge, 0);
+    EXPECT_EQ(m_database.Undo().Undo(4), Tolm::eOk);
+    EXPECT_EQ(VerticesOf(id), (std::vector<PolylineVertex>{{0, 0, 0.5}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}}));
+}
+
+TEST_F(PolylineObjectsTest, Elements_RefuseWrongKeysValuesAndProperties) {
+    const KvDbObjectId id = AddSquare();
+    const auto access = ObjectOf(id).As<IPropertyElementAccess>();
+    const auto refused = static_cast<HRESULT>(0x80200000UL | Tolm::eInvalidInput);
+    fw::Variant value;
+    EXPECT_EQ(access->GetElementValue(c_segments, 3, value.Put()), refused);
+    EXPECT_EQ(access->GetElementValue(c_coordinates, 8, value.Put()), refused);
+    EXPECT_EQ(access->SetElementValue(c_segments, 0, fw::Variant::FromLong(3).Get()), refused);
+    EXPECT_EQ(access->SetElementValue(c_segments, 0, fw::Variant::FromString(L"arc").Get()),
+              DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(access->GetElementValue(263, 0, value.Put()), E_INVALIDARG);
+    EXPECT_EQ(access->GetElementValue(c_segments, 0, nullptr), E_POINTER);
+    EXPECT_EQ(VerticesOf(id)[0].bulge, 0.5);
+    EXPECT_FALSE(ObjectOf(Add<kvhost::Circle>()).As<IPropertyElementAccess>());
+    fw::ClearErrorInfo();
+}
+
+TEST_F(PolylineObjectsTest, Segments_AsAWholeAndAheadOfAnElement) {
+    const KvDbObjectId id = AddSquare();
+    const auto polyline = ObjectOf(id);
+    std::vector<double> read;
+    EXPECT_EQ(kvhost::NumbersFromVariant(Get(polyline.Get(), L"Segments"), read), Tolm::eOk);
+    EXPECT_EQ(read, (std::vector<double>{1, 0, 0}));
+    EXPECT_EQ(Put(polyline.Get(), L"Segments", fw::Variant::FromLong(2)), S_OK);
+    EXPECT_EQ(VerticesOf(id)[0].bulge, 0.5);
+    EXPECT_EQ(Put(polyline.Get(), L"Segments", kvhost::NumbersToVariant(std::vector<double>{2, 0, 0})), S_OK);
+    EXPECT_EQ(VerticesOf(id)[0].bulge, -0.5);
+    EXPECT_EQ(Put(polyline.Get(), L"Segments", kvhost::NumbersToVariant(std::vector<double>{2})),
+              DISP_E_EXCEPTION);
+    EXPECT_EQ(Put(polyline.Get(), L"Segments", kvhost::NumbersToVariant(std::vector<double>{2, 0, 9})),
+              DISP_E_EXCEPTION);
+}
+
+TEST_F(PolylineObjectsTest, VertexSegment_IsTheShapeBehindTheVertex) {
+    const KvDbObjectId id = AddSquare();
+    const auto vertex = VertexOf(id, 0);
+    EXPECT_EQ(Get(vertex.Get(), L"Segment").LongOr(-1), 1);
+    EXPECT_EQ(Put(vertex.Get(), L"Segment", fw::Variant::FromLong(0)), S_OK);
+    EXPECT_EQ(VerticesOf(id)[0].bulge, 0);
+    EXPECT_EQ(Put(vertex.Get(), L"Segment", fw::Variant::FromLong(7)), DISP_E_EXCEPTION);
+    EXPECT_FALSE(vertex.As<IPerPropertyBrowsing>());
+}
+
 TEST_F(PolylineObjectsTest, Browsing_ListsTheDirections) {
     const auto browsing = ObjectOf(AddSquare()).As<IPerPropertyBrowsing>();
     CALPOLESTR strings{};
@@ -120,6 +203,28 @@ TEST_F(PolylineObjectsTest, Browsing_ListsTheDirections) {
     EXPECT_EQ(browsing->GetDisplayString(263, text.Put()), E_NOTIMPL);
     EXPECT_EQ(browsing->GetPredefinedStrings(263, &strings, &cookies), E_NOTIMPL);
     EXPECT_EQ(browsing->GetPredefinedValue(264, 2, value.Put()), E_INVALIDARG);
+}
+
+TEST_F(PolylineObjectsTest, Browsing_ValuesThatTheTypeLibraryTellsAlone) {
+    constexpr DISPID c_style = 272;
+    const auto browsing = ObjectOf(Add<kvhost::Point>()).As<IPerPropertyBrowsing>();
+    fw::Bstr text;
+    EXPECT_EQ(browsing->GetDisplayString(c_style, text.Put()), S_OK);
+    EXPECT_EQ(text.View(), L"Dot");
+    fw::Variant value;
+    EXPECT_EQ(browsing->GetPredefinedValue(c_style, 0, value.Put()), E_NOTIMPL);
+}
+
+TEST_F(PolylineObjectsTest, Browsing_OfATruthWithTextsOfItsOwn) {
+    constexpr DISPID c_on = 285;
+    const auto browsing = ObjectOf(m_database.LayerNamed(L"0")).As<IPerPropertyBrowsing>();
+    fw::Bstr text;
+    EXPECT_EQ(browsing->GetDisplayString(c_on, text.Put()), S_OK);
+    EXPECT_EQ(text.View(), L"On");
+    fw::Variant value;
+    EXPECT_EQ(browsing->GetPredefinedValue(c_on, 1, value.Put()), S_OK);
+    ASSERT_TRUE(value.Is(VT_BOOL));
+    EXPECT_EQ(value.Get().boolVal, VARIANT_FALSE);
 }
 
 }  // namespace

@@ -73,7 +73,8 @@ TEST_F(PropertyRowsTest, NothingSelected_NoRows) {
 TEST_F(PropertyRowsTest, OneObject_HasTheRowsOfItsTable) {
     const std::vector ids{Add<Circle>()};
     const auto rows = kvhost::RowsOf(ids);
-    ASSERT_EQ(rows.size(), 11U);
+    ASSERT_EQ(rows.size(), 13U);
+    EXPECT_EQ(rows[0].groupSize, 0U);
     EXPECT_EQ(rows[0].name, L"Color");
     const PropertyRow* const radius = RowNamed(rows, L"Radius");
     ASSERT_NE(radius, nullptr);
@@ -173,7 +174,7 @@ TEST_F(PropertyRowsTest, ThousandObjects_ShareOneRow) {
     std::vector<KvDbObjectId> ids(1000);
     std::generate(ids.begin(), ids.end(), [this] { return Add<Circle>(); });
     const auto rows = kvhost::RowsOf(ids);
-    EXPECT_EQ(rows.size(), 11U);
+    EXPECT_EQ(rows.size(), 13U);
     EXPECT_EQ(rows.front().entries.size(), 1000U);
     EXPECT_EQ(kvhost::LiveObject::Count(), 1000);
 }
