@@ -248,10 +248,10 @@ Without a command the window opens and stays; commands run in order.
 
   --select WHAT        all, none, a handle list 1A,2B, class=Circle, layer=Walls; repeat to add
   --rows [--json]      print the rows: name, category, control class, text, state, read-only
-  --set "ROW=TEXT"     edit the row as a user: type, then commit
+  --set "ROW=TEXT"     edit the row as a user: type, or choose the entry, then commit
   --unspecify ROW      choose the unspecified value
   --list ROW [--json]  open the row's list and print its entries
-  --hover "ROW=ENTRY"  open the list and rest on the entry
+  --hover "ROW=ENTRY"  open the list and rest on the entry, which the drawing previews
   --escape             leave the open row without committing
   --click "ROW:BUTTON" press a button in the row
   --answer "TEXT"      prepare the answer to the next dialog

@@ -75,8 +75,9 @@ CommandResult CommandRunner::RunRowCommand(const Command& command) {
         case CommandKind::Tip:
             return m_editor.ShowTip(command.target);
         case CommandKind::List:
+            return PrintList(command);
         case CommandKind::Hover:
-            return m_editor.RefuseByKind(command.target, L"list");
+            return m_editor.Hover(command.target, command.value);
         case CommandKind::Click:
             return m_editor.RefuseByKind(command.target, L"buttons");
         case CommandKind::Pick:
@@ -86,7 +87,19 @@ CommandResult CommandRunner::RunRowCommand(const Command& command) {
     }
 }
 
+CommandResult CommandRunner::PrintList(const Command& command) {
+    std::vector<ListEntry> entries;
+    CommandResult listed = m_editor.List(command.target, entries);
+    if (listed) {
+        PrintText(Reports::List(command.target, entries, command.json));
+    }
+    return listed;
+}
+
 CommandResult CommandRunner::RunDrawingCommand(const Command& command) {
+    if (command.kind != CommandKind::Zoom) {
+        m_editor.CancelOpenList();  // a user's next step elsewhere closes it too
+    }
     std::wstring error;
     switch (command.kind) {
         case CommandKind::Select:

@@ -25,6 +25,7 @@ private:
     CommandResult RunRowCommand(const Command& command);
     CommandResult RunDrawingCommand(const Command& command);
     CommandResult RunProgramCommand(const Command& command);
+    CommandResult PrintList(const Command& command);
     CommandResult SetVariable(const Command& command);
     CommandResult StartTrace(const Command& command);
     CommandResult Zoom(const Command& command);

@@ -208,6 +208,16 @@ std::wstring Reports::Objects(bool json) {
     return json ? Printed({{"objects", objects}}) : text;
 }
 
+std::wstring Reports::List(const std::wstring& row, const std::vector<ListEntry>& entries, bool json) {
+    Json list = Json::array();
+    std::wstring text;
+    for (const ListEntry& entry : entries) {
+        list.push_back({{"text", Utf8(entry.text)}, {"current", entry.current}});
+        text += (entry.current ? L"* " : L"  ") + entry.text + L"\n";
+    }
+    return json ? Printed({{"row", Utf8(row)}, {"entries", list}}) : text;
+}
+
 std::wstring Reports::Catalogue(bool json) {
     std::map<std::wstring, std::set<std::wstring>> rowsOfControl;
     for (const KvDbObjectId id : m_window.Document().GetDatabase().ModelSpaceEntities()) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "palette/commands/RowEditor.h"
 #include "palette/rows/ControlCatalogue.h"
 #include "palette/window/MainWindow.h"
 
@@ -16,6 +18,9 @@ public:
     [[nodiscard]] std::wstring Rows(bool json);
     [[nodiscard]] std::wstring Objects(bool json);
     [[nodiscard]] std::wstring Catalogue(bool json);
+    /// The entries of a row's list.
+    [[nodiscard]] static std::wstring List(const std::wstring& row, const std::vector<ListEntry>& entries,
+                                           bool json);
 
 private:
     MainWindow& m_window;

@@ -127,6 +127,9 @@ CommandResult RowEditor::Set(const std::wstring& name, const std::wstring& text)
     if (CommandResult begun = Begin(name, row, edit); !begun) {
         return begun;
     }
+    if (DropDown::Around(edit)) {
+        return Choose(name, text);
+    }
     const RowReading before = ReadRow(Row(row).property);
     fw::Ignore(kvhost::Answers::TakeShown());  // what came up before has nothing to do with this edit
     const Typist typist(edit);
@@ -138,8 +141,12 @@ CommandResult RowEditor::Set(const std::wstring& name, const std::wstring& text)
     return result;
 }
 
+std::wstring RowEditor::TakeShownTexts() {
+    return Joined(kvhost::Answers::TakeShown());
+}
+
 CommandResult RowEditor::JudgeEdit(std::size_t row, const RowReading& before, const std::wstring& typed) {
-    if (const std::wstring shown = Joined(kvhost::Answers::TakeShown()); !shown.empty()) {
+    if (const std::wstring shown = TakeShownTexts(); !shown.empty()) {
         return CommandResult::Refused(shown);
     }
     if (row >= m_window.Palette().Pane().Rows().size()) {
@@ -177,6 +184,9 @@ CommandResult RowEditor::Unspecify(const std::wstring& name) {
     HWND edit = nullptr;
     if (CommandResult begun = Begin(name, row, edit); !begun) {
         return begun;
+    }
+    if (DropDown::Around(edit)) {
+        return UnspecifyByList(name, row);
     }
     const HWND hint = HintBelow(m_window.Palette().Pane().Active()->Window());
     if (!hint) {

@@ -1,20 +1,29 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "palette/commands/CommandResult.h"
+#include "palette/commands/DropDown.h"
 #include "palette/window/MainWindow.h"
 
 namespace kvpalette {
+
+/// One entry of a row's list.
+struct ListEntry {
+    std::wstring text;
+    bool current = false;  ///< the one that the list shows as chosen
+};
 
 /// Works in the palette's rows as a user does: by activating rows, typing and clicking.
 class RowEditor {
 public:
     explicit RowEditor(MainWindow& window) : m_window(window) {}
 
-    /// Types the text into the row and commits it. Refused, with the reason, when an object did not take it.
+    /// Types the text into the row and commits it, or chooses the entry of its list. Refused, with the
+    /// reason, when an object did not take it.
     [[nodiscard]] CommandResult Set(const std::wstring& row, const std::wstring& text);
-    /// Picks the unspecified value that the row in edit offers.
+    /// Picks the unspecified value that the row offers below its box or in its list.
     [[nodiscard]] CommandResult Unspecify(const std::wstring& row);
     /// Puts the row in edit.
     [[nodiscard]] CommandResult Edit(const std::wstring& row);
@@ -22,15 +31,26 @@ public:
     [[nodiscard]] CommandResult Type(const std::wstring& text);
     /// Takes back what was typed and leaves the row.
     [[nodiscard]] CommandResult Escape();
+    /// Opens the row's list, which stays open.
+    [[nodiscard]] CommandResult List(const std::wstring& row, std::vector<ListEntry>& entries);
+    /// Opens the row's list, unless it is open, and rests the pointer on the entry.
+    [[nodiscard]] CommandResult Hover(const std::wstring& row, const std::wstring& entry);
+    /// Closes an open list as Escape does.
+    void CancelOpenList();
     /// Rests the pointer over the row until its tip shows.
     [[nodiscard]] CommandResult ShowTip(const std::wstring& row);
-    /// The answer for commands on lists, buttons and point input: which rows there are tells what can be
-    /// done.
+    /// The answer for commands on buttons: which rows there are tells what can be done.
     [[nodiscard]] CommandResult RefuseByKind(const std::wstring& row, const wchar_t* wanted);
 
 private:
     CommandResult Find(const std::wstring& name, std::size_t& row);
     CommandResult Begin(const std::wstring& name, std::size_t& row, HWND& edit);
+    CommandResult OpenList(const std::wstring& name, std::size_t& row, DropDown& list);
+    DropDown ListInFocus() const;
+    CommandResult Choose(const std::wstring& name, const std::wstring& entry);
+    CommandResult UnspecifyByList(const std::wstring& name, std::size_t row);
+    CommandResult JudgeChoice(std::size_t row, const std::wstring& chosen);
+    static std::wstring TakeShownTexts();
     CommandResult JudgeEdit(std::size_t row, const RowReading& before, const std::wstring& typed);
     std::wstring LockedReason(std::size_t row);
     HWND EditInFocus() const;

@@ -43,6 +43,9 @@ HRESULT HostedControl::Create(const CLSID& classId, const std::wstring& rowName,
     HRESULT result = Connect();
     if (SUCCEEDED(result)) {
         m_identifier->SetName(rowName);
+        result = TellElements(selection);
+    }
+    if (SUCCEEDED(result)) {
         result = m_control->InitEditControl(
             selection.objects.Address(), selection.dynamicProperties.Address(), selection.dispids.Address(),
             selection.readOnly ? VARIANT_TRUE : VARIANT_FALSE);
@@ -55,6 +58,13 @@ HRESULT HostedControl::Create(const CLSID& classId, const std::wstring& rowName,
         fw::Ignore(extended->put_PropertyIdentifier(m_identifier.Get()));  // the row works without it
     }
     return S_OK;
+}
+
+// Before the selection, so that the first read already knows its element. The first group is the one shown.
+HRESULT HostedControl::TellElements(const RowSelection& selection) {
+    const auto grouped = m_control.As<IKvPeVariantCtrl>();
+    RETURN_HR_IF(S_OK, !grouped || selection.cookies.IsEmpty());
+    return grouped->SetDwCookies(selection.cookies.Get());
 }
 
 HRESULT HostedControl::Connect() {

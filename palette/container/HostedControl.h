@@ -31,6 +31,8 @@ struct RowSelection {
     fw::Variant objects;
     fw::Variant dynamicProperties;
     fw::Variant dispids;
+    /// Keys of the elements of a group, for controls over grouped properties; empty for all others.
+    fw::Variant cookies;
     bool readOnly = false;
 };
 
@@ -84,6 +86,7 @@ public:
 
 private:
     HRESULT Connect();
+    HRESULT TellElements(const RowSelection& selection);
     HRESULT QuickActivate();
     HRESULT ActivateStepByStep();
     HRESULT Advise(REFIID id, DWORD& cookie);

@@ -1,5 +1,7 @@
 #include "palette/rows/RowSet.h"
 
+#include <numeric>
+
 #include "framework/base/Hresult.h"
 #include "framework/com/SafeArray.h"
 
@@ -60,6 +62,12 @@ HRESULT RowSet::SelectionOf(const kvhost::PropertyRow& row, RowSelection& select
     RETURN_IF_FAILED(fw::MakeDispatchArray(objects.data(), count, selection.objects));
     RETURN_IF_FAILED(fw::MakeUnknownArray(dynamicProperties.data(), count, selection.dynamicProperties));
     RETURN_IF_FAILED(fw::MakeLongArray(dispids.data(), count, selection.dispids));
+    if (row.groupSize > 0) {
+        std::vector<LONG> cookies(row.groupSize);
+        std::iota(cookies.begin(), cookies.end(), 0L);
+        RETURN_IF_FAILED(
+            fw::MakeLongArray(cookies.data(), static_cast<ULONG>(cookies.size()), selection.cookies));
+    }
     selection.readOnly = (row.flags & kvhost::PropertyReadOnly) != 0;
     return S_OK;
 }

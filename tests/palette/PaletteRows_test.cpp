@@ -184,7 +184,7 @@ TEST_F(PaletteRows, Wheel_ScrollsTheRows) {
     kvtest::PumpWaiting();
     TurnWheel(NamePoint(L"Layer"), -1);
     EXPECT_GT(Pane().Layout().ScrollOffset(), 0);
-    TurnWheel(NamePoint(L"Contents"), 5);
+    TurnWheel(NamePoint(L"Description"), 5);
     EXPECT_EQ(Pane().Layout().ScrollOffset(), 0);
 }
 
