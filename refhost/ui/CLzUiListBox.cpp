@@ -1,0 +1,5 @@
+#include "host_sdk/CLzUiListBox.h"
+
+CLzUiListBox::CLzUiListBox() = default;
+
+CLzUiListBox::~CLzUiListBox() = default;
