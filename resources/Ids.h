@@ -6,3 +6,6 @@
 #define IDS_UNDO_PROPERTY_CHANGE 87
 #define IDS_VARIES_TEXT 228
 #define IDS_UNSPECIFIED_TEXT 229
+
+// Stands for the picture of list entries that show none.
+#define IDB_LIST_NO_PICTURE 65535

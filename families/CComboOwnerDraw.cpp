@@ -1,0 +1,5 @@
+#include "families/CComboOwnerDraw.h"
+
+CComboOwnerDraw::CComboOwnerDraw() = default;
+
+CComboOwnerDraw::~CComboOwnerDraw() = default;

@@ -1,0 +1,175 @@
+#include "tests/unit/families/ListBench.h"
+
+#include "tests/support/LeakCheck.h"
+#include "tests/support/WarmUp.h"
+
+namespace kvtest {
+namespace {
+
+const fw::WindowClass s_windowClass{.name = L"KvTestListFrame", .style = CS_DBLCLKS};
+
+const LeakCounter s_sites("sites of list rows", FakeSite::LiveCount);
+const LeakCounter s_sinks("sinks of list rows", RecordingSink::LiveCount);
+
+// The system keeps some objects from the first drop-down on, and some from the first picture of one.
+void WarmUpLists() {
+    CWnd frame;
+    frame.Create(s_windowClass, L"", WS_POPUP | WS_VISIBLE, {100, 100, 400, 300}, nullptr);
+    for (const DWORD kind : {DWORD{CBS_DROPDOWNLIST}, DWORD{CBS_DROPDOWNLIST | CBS_HASSTRINGS}}) {
+        CComboBox list;
+        list.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL | kind, {0, 0, 120, 200}, frame, 1);
+        list.AddString(L"a");
+        list.AddString(L"b");
+        list.SetFocus();
+        list.ShowDropDown();
+        PumpWaiting();
+        list.ShowDropDown(FALSE);
+        list.DestroyWindow();
+    }
+    frame.DestroyWindow();
+    PumpWaiting();
+}
+
+const WarmUpStep s_lists(&WarmUpLists);
+
+fw::ComPtr<IFont> MakeFont() {
+    FONTDESC description{.cbSizeofstruct = sizeof(FONTDESC),
+                         .lpstrName = const_cast<wchar_t*>(L"Tahoma"),
+                         .cySize = {.int64 = 82500},
+                         .sWeight = FW_NORMAL,
+                         .sCharset = DEFAULT_CHARSET,
+                         .fItalic = FALSE,
+                         .fUnderline = FALSE,
+                         .fStrikethrough = FALSE};
+    fw::ComPtr<IFont> font;
+    EXPECT_EQ(::OleCreateFontIndirect(&description, IID_IFont, font.PutVoid()), S_OK);
+    return font;
+}
+
+}  // namespace
+
+HRESULT ListRow::CreateComboWindow(const RECT& bounds) {
+    return script.createWindow ? script.createWindow(*this, bounds)
+                               : CKvPeComboBase::CreateComboWindow(bounds);
+}
+
+HRESULT ListRow::FillList() {
+    Note(L"fill");
+    if (script.onFill) {
+        script.onFill();
+        return S_OK;
+    }
+    if (m_pList) {
+        m_pList->ResetContent();
+        for (const std::wstring& entry : script.entries) {
+            m_pList->AddString(entry.c_str());
+        }
+        m_pList->SetCurSel(m_nCurItem);
+    }
+    return S_OK;
+}
+
+HRESULT ListRow::SetSelectedItem(int index) {
+    Note(L"write", index);
+    if (script.onWrite) {
+        script.onWrite(index);
+    }
+    RETURN_IF_FAILED_EXPECTED(script.writeResult);
+    script.current = index;
+    return S_OK;
+}
+
+CString ListRow::GetItemText(int index) {
+    if (m_pList && m_pList->GetCount() > 0) {
+        return CKvPeComboBase::GetItemText(index);
+    }
+    const bool isEntry = index >= 0 && index < static_cast<int>(script.entries.size());
+    return isEntry ? CString(script.entries[static_cast<std::size_t>(index)]) : CString();
+}
+
+int ListRow::GetCurrentItem() {
+    Note(L"read");
+    return script.current;
+}
+
+HRESULT ListRow::LaunchZRBPropertyDialog(CString& text) {
+    Note(L"dialog", text.Std());
+    return script.launchResult;
+}
+
+ListBench::ListBench() {
+    document = &host->Documents().New();
+    frame.Create(s_windowClass, L"bench", WS_POPUP | WS_VISIBLE, {100, 100, 400, 300}, nullptr);
+    elsewhere.Create(s_windowClass, L"", WS_CHILD | WS_VISIBLE, {200, 100, 220, 120}, frame);
+    ::SetForegroundWindow(frame);
+    elsewhere.SetFocus();
+    EXPECT_EQ(CComObject<ListShell>::CreateInstance(nullptr, &shell), S_OK);
+    site = FakeSite::Make(frame, c_place);
+    sink = RecordingSink::Make();
+    EXPECT_EQ(shell->SetClientSite(site.Get()), S_OK);
+    fw::ComPtr<IConnectionPoint> point;
+    EXPECT_EQ(shell->FindConnectionPoint(__uuidof(IKvPiPropertyEditEventsSink2), point.Put()), S_OK);
+    EXPECT_EQ(point->Advise(sink.Get(), &cookie), S_OK);
+    EXPECT_EQ(DoVerb(OLEIVERB_INPLACEACTIVATE), S_OK);
+    font = MakeFont();
+    EXPECT_EQ(shell->put_Font(font.Get()), S_OK);
+    EXPECT_EQ(Row().Handle_Refresh(), S_OK);
+    Clear();
+}
+
+ListBench::~ListBench() {
+    Discard();
+    frame.DestroyWindow();
+    PumpWaiting();
+}
+
+void ListBench::Discard() {
+    if (shell) {
+        fw::Ignore(shell->Close(OLECLOSE_NOSAVE));
+        fw::Ignore(shell->SetClientSite(nullptr));
+        shell->Release();
+        shell = nullptr;
+    }
+}
+
+HRESULT ListBench::DoVerb(LONG verb) {
+    return shell->DoVerb(verb, nullptr, site.Get(), 0, frame, &c_place);
+}
+
+void ListBench::Edit() {
+    EXPECT_EQ(DoVerb(OLEIVERB_UIACTIVATE), S_OK);
+    Clear();
+}
+
+CallLines ListBench::Calls() {
+    return CallsIgnoring(journal, {"Site.", "Frame."});
+}
+
+LRESULT ListBench::Notify(int code) {
+    return ::SendMessageW(Window(), WM_COMMAND, MAKEWPARAM(1002, code),
+                          reinterpret_cast<LPARAM>(List().m_hWnd));
+}
+
+void ListBench::Key(UINT key, LPARAM keyData) {
+    ::PostMessageW(::GetFocus(), WM_KEYDOWN, key, keyData);
+    PumpWaiting();
+}
+
+void ListBench::Drop() {
+    List().ShowDropDown();
+    Clear();
+    ASSERT_TRUE(List().GetDroppedState());
+}
+
+CPoint ListBench::MiddleOf(int entry) {
+    CRect bounds;
+    ::SendMessageW(ListPart(), LB_GETITEMRECT, static_cast<WPARAM>(entry), reinterpret_cast<LPARAM>(&bounds));
+    return {(bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2};
+}
+
+void ListBench::Mouse(UINT message, int entry, WPARAM keys) {
+    ::PostMessageW(ListPart(), message, keys, MiddleOf(entry).Packed());
+    PumpWaiting();
+}
+
+}  // namespace kvtest
