@@ -4,7 +4,7 @@
 set(layers framework host_sdk core families preview numeric lists hatch light resources refhost palette tests/support)
 set(sources)
 foreach(layer ${layers})
-    file(GLOB_RECURSE headers RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${layer}/*.h)
+    file(GLOB_RECURSE headers RELATIVE ${CMAKE_SOURCE_DIR} ${KV_WATCH_FOLDERS} ${CMAKE_SOURCE_DIR}/${layer}/*.h)
     foreach(header ${headers})
         string(REGEX REPLACE "\\.h$" ".cpp" own_source ${header})
         if(EXISTS ${CMAKE_SOURCE_DIR}/${own_source})

@@ -18,7 +18,7 @@ set(patterns)
 foreach(layer framework host_sdk core families preview)
     list(APPEND patterns ${CMAKE_SOURCE_DIR}/${layer}/*.h)
 endforeach()
-file(GLOB_RECURSE kit_headers CONFIGURE_DEPENDS ${patterns})
+file(GLOB_RECURSE kit_headers ${KV_WATCH_FOLDERS} ${patterns})
 add_custom_command(OUTPUT ${KV_KIT_STAMP}
     BYPRODUCTS ${KV_KIT}/include/KvPEXCtl_i.c
         ${KV_KIT}/lib/libKvFrame.dll.a ${KV_KIT}/lib/libKvHost.dll.a ${KV_KIT}/lib/libKvPEXCtl.dll.a

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "core/CKvPeCtrlBase.h"
 #include "core/ExpressionState.h"
 #include "core/ObjectIdentity.h"
@@ -21,7 +23,7 @@ HRESULT ReadExpression(IUnknown* asked, const fw::Variant& key, VARIANT& express
     supported = true;
     fw::Bstr text;
     RETURN_HR_IF(E_FAIL, FAILED(support->GetExpression(key.Get(), text.Put())));
-    fw::Variant result = fw::Variant::FromString(text.View());
+    fw::Variant result = fw::Variant::FromBstr(std::move(text));
     ::VariantClear(&expression);
     result.DetachTo(expression);
     return S_OK;

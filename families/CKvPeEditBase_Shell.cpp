@@ -9,7 +9,7 @@ HRESULT CKvPeEditBase::Handle_OnDraw(ATL_DRAWINFO& info) {
     const HDC dc = info.hdcDraw;
     const RECT bounds = {info.prcBounds->left, info.prcBounds->top, info.prcBounds->right,
                          info.prcBounds->bottom};
-    const fw::ScopedSaveDc saved(dc);
+    const fw::ScopedTextColors saved(dc);
     BOOL handled = TRUE;
     Handle_OnCtlColor(WM_CTLCOLOREDIT, reinterpret_cast<WPARAM>(dc), 0, handled);
     // The tip has painted its own ground.

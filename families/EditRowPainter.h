@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "framework/base/CString.h"
 #include "framework/base/WindowsApi.h"
 #include "framework/window/Geometry.h"
@@ -14,8 +16,8 @@ public:
     enum class Ground { Fill, Keep };
 
     /// What is measured for the height of a line: an empty text still has one.
-    static const wchar_t* LineSample(const CString& text) {
-        return text.IsEmpty() ? L"WOyg" : text.GetString();
+    static std::wstring_view LineSample(const CString& text) {
+        return text.IsEmpty() ? std::wstring_view(L"WOyg") : text.View();
     }
     /// Height of the row's line in the font that is selected.
     static int LineHeight(HDC dc, const CString& text);

@@ -1,9 +1,11 @@
 #!/bin/sh
-# check.sh [fast|all|coverage]
+# check.sh [fast|all|coverage|heap|traps]
 # Every check of the project; ./test, the commit hook and CI run this script and nothing else.
 #   fast      what needs no build: format, layers, words, lengths, the checks' own tests
 #   all       fast, then the build, headers alone, lint and all tests (default)
 #   coverage  builds with counters, runs the tests and prints the coverage of the module and the framework
+#   heap      runs the tests in a prefix whose heaps are checked at every call; a finding fails the test
+#   traps     runs the tests in a build that ends at undefined behaviour
 cd "$(dirname "$0")/.." || exit 1
 jobs=$(nproc)
 
@@ -54,7 +56,7 @@ lint() {
 
 run_tests() {
     say "tests"
-    sh tools/make-prefix.sh "${KV_WINEPREFIX:-$PWD/build/wineprefix}" || fail "the Wine prefix could not be made"
+    sh tools/make-prefix.sh ${2:+"$2"} "${KV_WINEPREFIX:-$PWD/build/wineprefix}" || fail "the Wine prefix could not be made"
     ctest --test-dir "build/$1" --output-on-failure
 }
 
@@ -69,5 +71,10 @@ case ${1:-all} in
             --exclude-unreachable-branches --exclude-throw-branches \
             --filter 'core/' --filter 'families/' --filter 'framework/' --print-summary
         ;;
-    *) echo "usage: check.sh [fast|all|coverage]" >&2; exit 2 ;;
+    heap)
+        export KV_WINEPREFIX="$PWD/build/wineprefix-heap" WINEDEBUG=-all,err+heap,warn+heap OANOCACHE=1
+        build dev && run_tests dev --heap
+        ;;
+    traps) build traps && run_tests traps ;;
+    *) echo "usage: check.sh [fast|all|coverage|heap|traps]" >&2; exit 2 ;;
 esac

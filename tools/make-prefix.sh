@@ -1,12 +1,16 @@
 #!/bin/sh
-# make-prefix.sh [--display] PREFIXDIR
+# make-prefix.sh [--display | --heap] PREFIXDIR
 # Makes the Wine prefix that builds, tests and runs use. It is built beside its place and moved there complete, so a
 # broken prefix is never left behind; of several callers at once one builds and the others wait for it.
 # --display keeps Wine's X11 driver, for a person at the screen; otherwise the prefix draws without any display.
-display=
-[ "$1" = --display ] && { display=1; shift; }
+# --heap lets every heap be checked at every call; what is found is told in Wine's channel "heap".
+display= heap=
+case $1 in
+    --display) display=1; shift ;;
+    --heap) heap=1; shift ;;
+esac
 prefix=$1
-[ -n "$prefix" ] && [ $# -eq 1 ] || { echo "usage: make-prefix.sh [--display] PREFIXDIR" >&2; exit 2; }
+[ -n "$prefix" ] && [ $# -eq 1 ] || { echo "usage: make-prefix.sh [--display | --heap] PREFIXDIR" >&2; exit 2; }
 
 wine=/usr/lib/wine/wine64
 wineserver=/usr/lib/wine/wineserver
@@ -48,6 +52,9 @@ find "$fresh/drive_c/users" -type l | while read -r link; do rm "$link" && mkdir
     echo 'Windows Registry Editor Version 5.00'
     if [ -z "$display" ]; then
         printf '\n[HKEY_CURRENT_USER\\Software\\Wine\\Drivers]\n"Graphics"="null"\n'
+    fi
+    if [ -n "$heap" ]; then
+        printf '\n[HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Control\\Session Manager]\n"GlobalFlag"=dword:000000f0\n'
     fi
     # Without a debugger and a crash dialog a crashed process ends at once, with a status that tells of it.
     cat <<'REG'

@@ -80,6 +80,51 @@ private:
     HGDIOBJ m_old;
 };
 
+// Selects a font and puts the earlier one back. A font that is in the context already is left alone: to
+// select one costs the system nearly as much as to write a short text. A null font selects nothing.
+class ScopedFont {
+public:
+    ScopedFont(HDC dc, HFONT font) : m_dc(dc), m_old(::GetCurrentObject(dc, OBJ_FONT)), m_new(font) {
+        if (IsOther()) {
+            ::SelectObject(m_dc, m_new);
+        }
+    }
+    ~ScopedFont() {
+        if (IsOther()) {
+            ::SelectObject(m_dc, m_old);
+        }
+    }
+    ScopedFont(const ScopedFont&) = delete;
+    ScopedFont& operator=(const ScopedFont&) = delete;
+
+private:
+    bool IsOther() const { return m_new && m_new != m_old; }
+
+    HDC m_dc;
+    HGDIOBJ m_old;
+    HGDIOBJ m_new;
+};
+
+// Keeps the colours in which a context writes text, at a small part of what saving its whole state costs.
+class ScopedTextColors {
+public:
+    explicit ScopedTextColors(HDC dc)
+        : m_dc(dc), m_text(::GetTextColor(dc)), m_ground(::GetBkColor(dc)), m_mode(::GetBkMode(dc)) {}
+    ~ScopedTextColors() {
+        ::SetTextColor(m_dc, m_text);
+        ::SetBkColor(m_dc, m_ground);
+        ::SetBkMode(m_dc, m_mode);
+    }
+    ScopedTextColors(const ScopedTextColors&) = delete;
+    ScopedTextColors& operator=(const ScopedTextColors&) = delete;
+
+private:
+    HDC m_dc;
+    COLORREF m_text;
+    COLORREF m_ground;
+    int m_mode;
+};
+
 // Saves the whole state of a context and restores it.
 class ScopedSaveDc {
 public:

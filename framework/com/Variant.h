@@ -12,7 +12,7 @@ namespace fw {
 /// Owns a VARIANT with all that it holds.
 class FW_API Variant {
 public:
-    Variant() noexcept { ::VariantInit(&m_value); }
+    Variant() noexcept = default;
     /// Throws bad_alloc when there is no memory for the copy.
     Variant(const Variant& other);
     Variant(Variant&& other) noexcept;
@@ -26,6 +26,8 @@ public:
     static Variant FromBool(bool value) noexcept;
     /// Throws bad_alloc when there is no memory for the text.
     static Variant FromString(std::wstring_view text);
+    /// Takes the text over; a null text becomes an empty one.
+    static Variant FromBstr(Bstr text);
     /// Adds a reference; null gives VT_UNKNOWN with a null pointer.
     static Variant FromUnknown(IUnknown* object) noexcept;
     static Variant FromDispatch(IDispatch* object) noexcept;
@@ -75,7 +77,7 @@ public:
     static const VARIANT* Dereference(const VARIANT* value) noexcept;
 
 private:
-    VARIANT m_value;
+    VARIANT m_value{};
 };
 
 }  // namespace fw

@@ -55,8 +55,8 @@ TEST(EditRowPainter, LineHeight_EmptyText_IsThatOfTheSample) {
     const fw::UniqueFont font = MakeFont();
     const fw::WindowDc dc(nullptr);
     const fw::ScopedSelect selected(dc, font.Get());
-    EXPECT_STREQ(EditRowPainter::LineSample(L""), L"WOyg");
-    EXPECT_STREQ(EditRowPainter::LineSample(L"x"), L"x");
+    EXPECT_EQ(EditRowPainter::LineSample(L""), L"WOyg");
+    EXPECT_EQ(EditRowPainter::LineSample(L"x"), L"x");
     EXPECT_EQ(EditRowPainter::LineHeight(dc, L""), HeightOf(font.Get()));
     EXPECT_EQ(EditRowPainter::LineHeight(dc, L"x"), HeightOf(font.Get()));
 }

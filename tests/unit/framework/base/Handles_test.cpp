@@ -110,6 +110,36 @@ TEST(DeviceContexts, ScopedSaveDc_ScopeEnds_ColoursAreBack) {
     EXPECT_EQ(::GetTextColor(dc), former);
 }
 
+TEST(DeviceContexts, ScopedTextColors_ScopeEnds_ColoursAndModeAreBack) {
+    const fw::MemoryDc dc(nullptr);
+    ::SetTextColor(dc, RGB(9, 8, 7));
+    ::SetBkColor(dc, RGB(6, 5, 4));
+    ::SetBkMode(dc, OPAQUE);
+    {
+        const fw::ScopedTextColors saved(dc);
+        ::SetTextColor(dc, RGB(1, 2, 3));
+        ::SetBkColor(dc, RGB(3, 2, 1));
+        ::SetBkMode(dc, TRANSPARENT);
+    }
+    EXPECT_EQ(::GetTextColor(dc), RGB(9, 8, 7));
+    EXPECT_EQ(::GetBkColor(dc), RGB(6, 5, 4));
+    EXPECT_EQ(::GetBkMode(dc), OPAQUE);
+}
+
+TEST(DeviceContexts, ScopedFont_ScopeEnds_FormerFontIsBack) {
+    const fw::MemoryDc dc(nullptr);
+    const HGDIOBJ former = ::GetCurrentObject(dc, OBJ_FONT);
+    const auto font = static_cast<HFONT>(::GetStockObject(ANSI_FIXED_FONT));
+    {
+        const fw::ScopedFont selected(dc, font);
+        EXPECT_EQ(::GetCurrentObject(dc, OBJ_FONT), static_cast<HGDIOBJ>(font));
+        const fw::ScopedFont again(dc, font);
+        const fw::ScopedFont nothing(dc, nullptr);
+        EXPECT_EQ(::GetCurrentObject(dc, OBJ_FONT), static_cast<HGDIOBJ>(font));
+    }
+    EXPECT_EQ(::GetCurrentObject(dc, OBJ_FONT), former);
+}
+
 TEST(DeviceContexts, WindowDc_NoSuchWindow_IsNull) {
     const fw::WindowDc dc(reinterpret_cast<HWND>(ULONG_PTR{0x7FFE}));
     EXPECT_EQ(dc.Get(), nullptr);

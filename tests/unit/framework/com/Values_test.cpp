@@ -82,6 +82,25 @@ TEST(Variant, Copies_AreIndependent) {
     EXPECT_EQ(second.DoubleOr(1.5), 1.5);
 }
 
+TEST(Variant, FromBstr_TakesTheTextOver) {
+    fw::Bstr text(L"row");
+    const BSTR held = text.Get();
+    const auto value = fw::Variant::FromBstr(std::move(text));
+    EXPECT_EQ(value.Get().bstrVal, held);
+    const auto empty = fw::Variant::FromBstr(fw::Bstr());
+    EXPECT_TRUE(empty.Is(VT_BSTR));
+    EXPECT_NE(empty.Get().bstrVal, nullptr);
+    EXPECT_EQ(empty.StringView(), L"");
+}
+
+TEST(Variant, Clear_ValueThatHoldsNothing_IsEmpty) {
+    for (fw::Variant value : {fw::Variant::FromLong(1), fw::Variant::FromDouble(1),
+                              fw::Variant::FromBool(true), fw::Variant::FromError(1), fw::Variant::Null()}) {
+        value.Clear();
+        EXPECT_TRUE(value.IsEmpty());
+    }
+}
+
 TEST(Variant, Objects_AreReferenced) {
     const auto row = MakeRow();
     {
