@@ -23,6 +23,7 @@ class CKvPeBasePrivate;
 class CKvPeFamilyRole;
 class KvDbUndoController;
 struct IPropertyUnspecifiedSupport;
+struct DynamicForms;
 struct SelectionEntry;
 
 namespace fw {
@@ -234,9 +235,10 @@ private:
     [[nodiscard]] HRESULT GetPropertyExpressionHelper(IUnknown* dynamicProperty, IUnknown* object,
                                                       CString& expression, bool& supported);
     void PresetControlValue(VARIANT* value);
-    void PrePropertyChangeSetup();
-    void PostPropertyChangeRestore(long result, bool sawLockedObject);
-    void TellPaletteNewValue(const VARIANT& value);
+    /// The controller that has begun the write's group; null when none has.
+    [[nodiscard]] KvDbUndoController* PrePropertyChangeSetup();
+    void PostPropertyChangeRestore(long result, bool sawLockedObject, KvDbUndoController* groupOwner);
+    [[nodiscard]] HRESULT TellPaletteNewValue(const VARIANT& value);
 
     CKvPeFamilyRole* m_familyRole = nullptr;  // the derived object
 };

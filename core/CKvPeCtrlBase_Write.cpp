@@ -8,6 +8,7 @@
 #include "core/ObjectWritability.h"
 #include "core/SelectionEntry.h"
 #include "core/ValueWriter.h"
+#include "framework/com/Guarded.h"
 #include "framework/com/Variant.h"
 #include "framework/window/CWnd.h"
 #include "framework/window/MainWindow.h"
@@ -46,7 +47,7 @@ HRESULT CKvPeCtrlBase::SetPropertyValue(VARIANT* value, ValueType type) {
 
     m_failedObjectCount = 0;
     ValueWriter writer(*this, *value, type, DatabaseOf(CurrentHostDocument()) != nullptr);
-    PrePropertyChangeSetup();
+    KvDbUndoController* const groupOwner = PrePropertyChangeSetup();
     if (m_events != nullptr) {
         // The objects are written whether or not a sink listens.
         fw::Ignore(m_events->FireBeginPropertyUpdateEvent());
@@ -55,9 +56,10 @@ HRESULT CKvPeCtrlBase::SetPropertyValue(VARIANT* value, ValueType type) {
         writer.Write(EntryAt(index));
     }
     const HRESULT result = writer.Result();
-    PostPropertyChangeRestore(result, writer.SawLockedObject());
+    PostPropertyChangeRestore(result, writer.SawLockedObject(), groupOwner);
     if (SUCCEEDED(result)) {
-        TellPaletteNewValue(*value);
+        // The record is a copy for the palette; the write does not depend on it.
+        fw::Ignore(fw::Guarded([&] { return TellPaletteNewValue(*value); }));
     }
     if (m_events != nullptr) {
         // The write is done; a sink that fails does not undo it.
@@ -66,24 +68,30 @@ HRESULT CKvPeCtrlBase::SetPropertyValue(VARIANT* value, ValueType type) {
     return result;
 }
 
-void CKvPeCtrlBase::PrePropertyChangeSetup() {
+KvDbUndoController* CKvPeCtrlBase::PrePropertyChangeSetup() {
     if (kvedIsLivePreviewStarted()) {
-        return;
+        return nullptr;
     }
     kvedSendModelessOperationStart(KVPE_MARK_CHANGE_PROPERTY);
-    if (KvDbUndoController* const controller = UndoControllerOf(DatabaseOf(CurrentHostDocument()))) {
-        // Without a group the change is undone object by object, but made all the same.
-        fw::Ignore(controller->undoGroup(KVDB_UNDO_GROUP_BEGIN, UndoPropertyChangeText()));
+    KvDbUndoController* const controller = UndoControllerOf(DatabaseOf(CurrentHostDocument()));
+    if (controller == nullptr) {
+        return nullptr;
     }
+    // Without a group the change is undone object by object, but made all the same.
+    const bool hasBegun = controller->undoGroup(KVDB_UNDO_GROUP_BEGIN, UndoPropertyChangeText()) == Tolm::eOk;
+    return hasBegun ? controller : nullptr;
 }
 
-void CKvPeCtrlBase::PostPropertyChangeRestore(long result, bool sawLockedObject) {
+void CKvPeCtrlBase::PostPropertyChangeRestore(long result, bool sawLockedObject,
+                                              KvDbUndoController* groupOwner) {
     if (kvedIsLivePreviewStarted()) {
         return;
     }
     KvApDocument* const document = CurrentHostDocument();
     KvDbDatabase* const database = DatabaseOf(document);
-    if (KvDbUndoController* const controller = UndoControllerOf(database)) {
+    KvDbUndoController* const current = UndoControllerOf(database);
+    // A group is ended where it was begun: another drawing may have become current meanwhile.
+    if (KvDbUndoController* const controller = groupOwner != nullptr ? groupOwner : current) {
         // The group is left whatever the controller says.
         fw::Ignore(controller->undoGroup(KVDB_UNDO_GROUP_END, nullptr));
         if (result == c_changeToBeUndone) {
@@ -106,20 +114,16 @@ void CKvPeCtrlBase::PostPropertyChangeRestore(long result, bool sawLockedObject)
     }
 }
 
-void CKvPeCtrlBase::TellPaletteNewValue(const VARIANT& value) {
-    if (!m_propertyIdentifier || kvedIsLivePreviewStarted()) {
-        return;
-    }
-    // The record is a copy for the palette; the write does not depend on it.
+HRESULT CKvPeCtrlBase::TellPaletteNewValue(const VARIANT& value) {
+    RETURN_HR_IF(S_OK, !m_propertyIdentifier || kvedIsLivePreviewStarted());
     fw::Variant copy;
     if (SUCCEEDED(copy.CopyFrom(value))) {
-        fw::Ignore(m_propertyIdentifier->PutCurrentValue(copy.Get()));
+        fw::Ignore(m_propertyIdentifier->PutCurrentValue(copy.Get()));  // the text is told all the same
     }
     CString entryText;
-    if (m_familyRole != nullptr && m_familyRole->GetChosenEntryText(entryText)) {
-        const fw::Bstr text(entryText.View());
-        fw::Ignore(m_propertyIdentifier->PutCurrentValueText(text.Get()));
-    }
+    RETURN_HR_IF(S_OK, m_familyRole == nullptr || !m_familyRole->GetChosenEntryText(entryText));
+    const fw::Bstr text(entryText.View());
+    return m_propertyIdentifier->PutCurrentValueText(text.Get());
 }
 
 HRESULT CKvPeCtrlBase::PreSetPropertyValue(IDispatch*, long) {

@@ -4,6 +4,7 @@
 #include "core/ValueWriter.h"
 #include "framework/base/MessageBox.h"
 #include "framework/com/Bstr.h"
+#include "framework/com/Guarded.h"
 #include "host_sdk/KvEdServices.h"
 
 namespace {
@@ -45,38 +46,43 @@ CKvPeCtrlBase::ValueWriter::ValueWriter(CKvPeCtrlBase& control, VARIANT& value, 
 }
 
 void CKvPeCtrlBase::ValueWriter::Write(const SelectionEntry& entry) {
-    if (IsObjectWritable(entry.object.Get()) == 0) {
+    IDispatch* const object = entry.object.Get();
+    // What was opened for the write is closed behind an object that throws, here and below.
+    if (fw::Guarded([&] { return static_cast<HRESULT>(IsObjectWritable(object)); }) == 0) {
         m_sawLockedObject = true;
         return;
     }
     // The hook prepares; whether the object takes the value is for the write to say.
-    fw::Ignore(m_control.PreSetPropertyValue(entry.object.Get(), entry.dispid));
+    fw::Ignore(fw::Guarded([&] { return m_control.PreSetPropertyValue(object, entry.dispid); }));
     if (entry.IsDynamic()) {
         WriteDynamic(entry);
-    } else if (entry.object) {
+    } else if (object != nullptr) {
         WriteByDispid(entry);
     }
 }
 
 void CKvPeCtrlBase::ValueWriter::WriteByDispid(const SelectionEntry& entry) {
-    IDispatch* const object = entry.object.Get();
     {
         const BreakLock breakLock(m_hasDatabase);
         m_exception.Clear();
-        if (m_control.m_allowUnspecified) {
-            m_result = m_control.SetPropertyValueAsUnspecified(entry.dispid, object,
-                                                               m_type == ValueType_Unspecified);
-        }
-        if (m_type == ValueType_Expression) {
-            m_result = SetExpression(entry.dispid, object);
-        } else if (m_type == ValueType_Specific) {
-            m_result = InvokePut(*object, entry.dispid);
-        }
-        if (SUCCEEDED(m_result)) {
-            m_result = m_control.PostSetPropertyValue(object);
-        }
+        m_result = fw::Guarded([&] { return PutByDispid(entry); });
     }
     GatherDispidFailure();
+}
+
+HRESULT CKvPeCtrlBase::ValueWriter::PutByDispid(const SelectionEntry& entry) {
+    IDispatch* const object = entry.object.Get();
+    HRESULT result = m_result;
+    if (m_control.m_allowUnspecified) {
+        result =
+            m_control.SetPropertyValueAsUnspecified(entry.dispid, object, m_type == ValueType_Unspecified);
+    }
+    if (m_type == ValueType_Expression) {
+        result = SetExpression(entry.dispid, object);
+    } else if (m_type == ValueType_Specific) {
+        result = InvokePut(*object, entry.dispid);
+    }
+    return SUCCEEDED(result) ? m_control.PostSetPropertyValue(object) : result;
 }
 
 void CKvPeCtrlBase::ValueWriter::WriteDynamic(const SelectionEntry& entry) {
@@ -84,24 +90,27 @@ void CKvPeCtrlBase::ValueWriter::WriteDynamic(const SelectionEntry& entry) {
     if (forms.IsMissing()) {
         return;
     }
+    m_result = fw::Guarded([&] { return PutDynamic(entry, forms); });
+    GatherDynamicFailure();
+}
+
+HRESULT CKvPeCtrlBase::ValueWriter::PutDynamic(const SelectionEntry& entry, const DynamicForms& forms) {
     IUnknown* const dynamicProperty = entry.dynamicProperty.Get();
     IDispatch* const object = entry.object.Get();
+    HRESULT result = m_result;
     if (m_control.m_allowUnspecified) {
-        m_result =
+        result =
             m_control.SetPropertyValueAsUnspecified(dynamicProperty, object, m_type == ValueType_Unspecified);
     }
     if (m_type == ValueType_Expression) {
-        m_result = SetExpression(dynamicProperty, static_cast<IUnknown*>(object));
+        result = SetExpression(dynamicProperty, static_cast<IUnknown*>(object));
     }
     const fw::ComPtr<IErrorInfo> olderError = TakeErrorInfo();
     if (m_type == ValueType_Specific) {
-        m_result = forms.byObject ? forms.byObject->SetCurrentValueData(object, m_value)
-                                  : m_control.SetDynamicPropertyValue(object, forms.byId.Get(), &m_value);
+        result = forms.byObject ? forms.byObject->SetCurrentValueData(object, m_value)
+                                : m_control.SetDynamicPropertyValue(object, forms.byId.Get(), &m_value);
     }
-    if (SUCCEEDED(m_result)) {
-        m_result = m_control.PostSetPropertyValue(object);
-    }
-    GatherDynamicFailure();
+    return SUCCEEDED(result) ? m_control.PostSetPropertyValue(object) : result;
 }
 
 HRESULT CKvPeCtrlBase::ValueWriter::InvokePut(IDispatch& object, long dispid) {

@@ -1,13 +1,15 @@
 // From the logic to the palette: the events that the logic fires and the control's own.
 #include "core/CKvPeShell.h"
+#include "framework/com/Guarded.h"
 
-// A sink may connect or leave while it is called, so the walk goes over a copy.
+// A sink may connect or leave while it is called, so the walk goes over a copy. One that throws keeps nobody
+// else from being told.
 template <class Work>
 HRESULT CKvPeShell::FireToSinks(Work work) {
     HRESULT result = S_OK;
     for (const fw::ComPtr<IUnknown>& connection : m_sinks.Snapshot()) {
         if (const auto sink = connection.As<IKvPiPropertyEditEventsSink2>()) {
-            result = work(*sink);
+            result = fw::Guarded([&] { return work(*sink); });
         }
     }
     return result;

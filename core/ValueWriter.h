@@ -12,7 +12,8 @@ public:
     ValueWriter(const ValueWriter&) = delete;
     ValueWriter& operator=(const ValueWriter&) = delete;
 
-    /// Writes one object, unless it is locked. A failure is counted and shown, and the loop goes on.
+    /// Writes one object, unless it is locked. A failure is counted and shown, and the loop goes on; an
+    /// exception is a failure like any other.
     void Write(const SelectionEntry& entry);
 
     /// The last host result, cleared by every failure that leaves another object to have succeeded.
@@ -22,6 +23,9 @@ public:
 private:
     void WriteByDispid(const SelectionEntry& entry);
     void WriteDynamic(const SelectionEntry& entry);
+    /// The last host result of one object; the one of the object before when no host call is due.
+    [[nodiscard]] HRESULT PutByDispid(const SelectionEntry& entry);
+    [[nodiscard]] HRESULT PutDynamic(const SelectionEntry& entry, const DynamicForms& forms);
     void GatherDispidFailure();
     void GatherDynamicFailure();
     void CountFailure() { ++m_control.m_failedObjectCount; }

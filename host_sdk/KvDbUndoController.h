@@ -7,7 +7,9 @@
 inline constexpr int KVDB_UNDO_GROUP_BEGIN = 8;
 inline constexpr int KVDB_UNDO_GROUP_END = 16;
 
-/// Undo record of one database, owned by it. Slots in order; the reserved ones are the host's own.
+/// Undo record of one database, owned by it. A drawing is not closed while a group is open in it: who began
+/// the group may keep the controller until the group's end. Slots in order; the reserved ones are the host's
+/// own.
 class KVHOST_API KvDbUndoController {
 public:
     virtual void ReservedSlot0() {}

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "refhost/db/DrawingFile.h"
+#include "refhost/db/UndoController.h"
 #include "refhost/editor/Host.h"
 #include "refhost/testing/ServiceCall.h"
 
@@ -54,28 +55,34 @@ Document& DocumentManager::Adopt(std::unique_ptr<Document> document) {
     return *m_documents.back();
 }
 
-void DocumentManager::Close(Document* document) {
-    const auto found =
-        std::find_if(m_documents.begin(), m_documents.end(),
-                     [&](const std::unique_ptr<Document>& candidate) { return candidate.get() == document; });
-    if (found == m_documents.end()) {
-        return;
+bool DocumentManager::Close(Document* document) {
+    const bool isOpen =
+        std::ranges::any_of(m_documents, [&](const auto& open) { return open.get() == document; });
+    if (!isOpen || document->GetDatabase().Undo().OpenGroups() > 0) {
+        return false;
     }
-    Host* const host = Host::Current();
-    if (host != nullptr && host->m_workingDatabase == &document->GetDatabase()) {
-        host->m_workingDatabase = nullptr;
-    }
-    document->SetClosing(true);
-    const std::unique_ptr<Document> closing = std::move(*found);
-    m_documents.erase(found);
-    if (m_current == document) {
-        m_current = m_documents.empty() ? nullptr : m_documents.back().get();
-    }
+    Remove(*document);
+    return true;
 }
 
 void DocumentManager::CloseAll() {
     while (!m_documents.empty()) {
-        Close(m_documents.back().get());
+        Remove(*m_documents.back());
+    }
+}
+
+void DocumentManager::Remove(Document& document) {
+    const auto found =
+        std::ranges::find_if(m_documents, [&](const auto& open) { return open.get() == &document; });
+    Host* const host = Host::Current();
+    if (host != nullptr && host->m_workingDatabase == &document.GetDatabase()) {
+        host->m_workingDatabase = nullptr;
+    }
+    document.SetClosing(true);
+    const std::unique_ptr<Document> closing = std::move(*found);
+    m_documents.erase(found);
+    if (m_current == &document) {
+        m_current = m_documents.empty() ? nullptr : m_documents.back().get();
     }
 }
 

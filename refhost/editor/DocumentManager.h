@@ -28,12 +28,14 @@ public:
     Document& New();
     /// Opens and makes current; null with the reason in `error`.
     Document* Open(const std::wstring& path, std::wstring& error);
-    /// Closes without saving. The last of the others becomes current.
-    void Close(Document* document);
+    /// Closes without saving. The last of the others becomes current. False while an undo group is open in
+    /// the drawing, which then stays: who began the group still holds its controller.
+    bool Close(Document* document);
     void CloseAll();
 
 private:
     Document& Adopt(std::unique_ptr<Document> document);
+    void Remove(Document& document);
 
     std::vector<std::unique_ptr<Document>> m_documents;
     Document* m_current = nullptr;

@@ -1,8 +1,11 @@
+#include <cwchar>
+
 #include "framework/window/CWnd.h"
 #include "framework/window/MainWindow.h"
 #include "refhost/db/UndoController.h"
 #include "refhost/db/WorkingSet.h"
 #include "refhost/testing/Answers.h"
+#include "refhost/testing/Faults.h"
 #include "tests/unit/core/ControlBench.h"
 
 namespace {
@@ -233,6 +236,114 @@ TEST_F(CKvPeCtrlBase_Write, BusyDocument_ShowsNoPrompt) {
     Select(SelectionArrays().Add(&MakeObject(L"A")));
     EXPECT_EQ(WriteText(L"new"), S_OK);
     EXPECT_TRUE(kvtest::CallsOnly(journal, {"kvedPostCommandPrompt"}).empty());
+}
+
+// The end of the group does not hang on finding the drawing a second time.
+TEST_F(CKvPeCtrlBase_Write, DrawingNotFoundAtTheEnd_GroupIsEndedAllTheSame) {
+    MakeObject(L"A");
+    for (const wchar_t* const service :
+         {L"kvDocManagerPtr", L"curDocument", L"database", L"undoController"}) {
+        Select(SelectionArrays().Add(objects[0].Get()));
+        shell.onEvent = [&](const std::wstring& event) {
+            if (event == L"OnBeginPropertyUpdate") {
+                kvhost::Faults::FailService(service, 0);
+            }
+        };
+        EXPECT_EQ(WriteText(L"new"), S_OK);
+        kvhost::Faults::Reset();
+        EXPECT_CALLS(kvtest::CallsOnly(journal, {"undoGroup", "kvedSend"}),
+                     "kvedSendModelessOperationStart ZRB_CHGPROP", "undoGroup 8 Property change",
+                     "undoGroup 16 null", "kvedSendModelessOperationEnded ZRB_CHGPROP");
+        EXPECT_EQ(Drawing().Undo().OpenGroups(), 0);
+        EXPECT_EQ(control.Cleanup(), S_OK);
+    }
+}
+
+TEST_F(CKvPeCtrlBase_Write, AnotherDrawingBecomesCurrent_GroupIsEndedWhereItWasBegun) {
+    kvhost::Document& other = host->Documents().New();
+    EXPECT_EQ(other.GetDatabase().Undo().BeginGroup(L"of somebody else"), Tolm::eOk);
+    Select(SelectionArrays().Add(&MakeObject(L"A")));
+    shell.onEvent = [&](const std::wstring&) { host->Documents().SetCurrent(&other); };
+    EXPECT_EQ(WriteText(L"new"), S_OK);
+    EXPECT_EQ(Drawing().Undo().OpenGroups(), 0);
+    EXPECT_EQ(other.GetDatabase().Undo().OpenGroups(), 1);
+    EXPECT_EQ(other.GetDatabase().Undo().EndGroup(), Tolm::eOk);
+}
+
+TEST_F(CKvPeCtrlBase_Write, GroupThatDidNotBegin_EndsInTheCurrentDrawing) {
+    kvhost::Faults::FailService(L"undoGroup", 1);
+    Select(SelectionArrays().Add(&MakeObject(L"A")));
+    EXPECT_EQ(WriteText(L"new"), S_OK);
+    kvhost::Faults::Reset();
+    EXPECT_CALLS(kvtest::CallsOnly(journal, {"undoGroup"}), "undoGroup 8 Property change",
+                 "undoGroup 16 null");
+}
+
+// Objects and hooks that throw
+
+TEST_F(CKvPeCtrlBase_Write, ObjectThrows_OthersAreWrittenAndAllIsClosed) {
+    for (const wchar_t* const operation : {L"Invoke", L"GetObjectId", L"Update", L"SetUnspecified"}) {
+        for (std::size_t throwing = 0; throwing < 3; ++throwing) {
+            objects.clear();
+            SelectionArrays arrays;
+            for (const wchar_t* const name : {L"A", L"B", L"C"}) {
+                ScriptedObject& object = MakeObject(
+                    name, L"old", kvhost::OffersIdentity | kvhost::OffersUpdate | kvhost::OffersUnspecified);
+                object.At(c_property).unspecifiedAllowed = true;
+                arrays.Add(&object);
+            }
+            control.m_allowUnspecified = true;
+            Select(arrays);
+            objects[throwing]->script.onCall = [&](const std::wstring& called) {
+                if (called == operation) {
+                    throw Tolm::eWasErased;
+                }
+            };
+            // The last object's outcome counts, and one that cannot tell its id is written.
+            const bool isRefused = throwing == 2 && std::wcscmp(operation, L"GetObjectId") != 0;
+            EXPECT_EQ(WriteText(L"new"), isRefused ? E_FAIL : S_OK);
+            for (std::size_t index = 0; index < 3; ++index) {
+                EXPECT_TRUE(index == throwing || objects[index]->At(c_property).puts.size() == 1);
+            }
+            EXPECT_EQ(Drawing().Undo().OpenGroups(), 0);
+            EXPECT_EQ(host->Editor().OpenMarks(), 0);
+            EXPECT_EQ(host->Editor().UserBreakDisabled(), 0);
+            EXPECT_CALLS(kvtest::CallsOnly(journal, {"On"}), "OnBeginPropertyUpdate", "OnEndPropertyUpdate");
+            EXPECT_EQ(control.Cleanup(), S_OK);
+        }
+    }
+}
+
+TEST_F(CKvPeCtrlBase_Write, DynamicPropertyThrows_CountsAsFailureOfThatObject) {
+    for (const unsigned form : {kvhost::OffersByObject, kvhost::OffersById}) {
+        ScriptedDynamicProperty& throwing = MakeProperty(L"P", form);
+        throwing.script.onCall = [](const std::wstring&) { throw 1; };
+        ScriptedDynamicProperty& willing = MakeProperty(L"Q", form);
+        ScriptedObject& object = MakeObject(L"A");
+        Select(SelectionArrays().AddDynamic(&object, &throwing).AddDynamic(&object, &willing));
+        EXPECT_EQ(WriteText(L"new"), S_OK);
+        EXPECT_EQ(control.m_failedObjectCount, 1);
+        EXPECT_EQ(willing.shared.puts.size(), 1U);
+        EXPECT_EQ(control.Cleanup(), S_OK);
+
+        Select(SelectionArrays().AddDynamic(&object, &throwing));
+        EXPECT_EQ(WriteText(L"new"), E_FAIL);
+        EXPECT_EQ(Drawing().Undo().OpenGroups(), 0);
+        EXPECT_EQ(host->Editor().OpenMarks(), 0);
+        EXPECT_EQ(control.Cleanup(), S_OK);
+    }
+}
+
+TEST_F(CKvPeCtrlBase_Write, HookOrRecordThrows_ObjectIsWrittenAndAllIsClosed) {
+    GiveIdentifier();
+    identifier->throws = true;
+    control.preSetThrows = true;
+    Select(SelectionArrays().Add(&MakeObject(L"A")));
+    EXPECT_EQ(WriteText(L"new"), S_OK);
+    EXPECT_EQ(objects[0]->At(c_property).puts.size(), 1U);
+    EXPECT_EQ(Drawing().Undo().OpenGroups(), 0);
+    EXPECT_EQ(host->Editor().OpenMarks(), 0);
+    EXPECT_CALLS(kvtest::CallsOnly(journal, {"On"}), "OnBeginPropertyUpdate", "OnEndPropertyUpdate");
 }
 
 class ActivationWindow final : public CWnd {

@@ -65,6 +65,9 @@ STDMETHODIMP_(ULONG) FakeIdentifier::Release() {
 
 STDMETHODIMP FakeIdentifier::PutCurrentValue(VARIANT value) {
     Note(L"PutCurrentValue", value);
+    if (throws) {
+        throw 1;
+    }
     return result;
 }
 

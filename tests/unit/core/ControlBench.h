@@ -104,11 +104,15 @@ public:
         if (notesHooks) {
             Note(L"PreSet", kvhost::ScriptedObject::NameOf(object), dispid);
         }
+        if (preSetThrows) {
+            throw 1;
+        }
         return preSetResult;
     }
 
     int comparisons = 0;
     HRESULT preSetResult = S_OK;
+    bool preSetThrows = false;
 };
 
 /// The palette's record of a row: notes "PutCurrentValue "text"" and "PutCurrentValueText text".
@@ -117,6 +121,7 @@ public:
     [[nodiscard]] static fw::ComPtr<FakeIdentifier> Make() { return {new FakeIdentifier}; }
     [[nodiscard]] ULONG References() const { return m_references; }
     HRESULT result = S_OK;
+    bool throws = false;
 
     STDMETHODIMP QueryInterface(REFIID id, void** object) override;
     STDMETHODIMP_(ULONG) AddRef() override { return ++m_references; }

@@ -61,6 +61,18 @@ TEST(Documents, ClosingDocument_HasNoDatabaseForPlugins) {
     EXPECT_EQ(document.database(), nullptr);
 }
 
+TEST(Documents, DrawingWithOpenGroup_IsNotClosed) {
+    const HostSession session;
+    Document& document = session->Documents().New();
+    EXPECT_EQ(document.GetDatabase().Undo().BeginGroup(L"change"), Tolm::eOk);
+    EXPECT_FALSE(session->Documents().Close(&document));
+    EXPECT_EQ(session->Documents().Current(), &document);
+    EXPECT_EQ(document.database(), static_cast<KvDbDatabase*>(&document.GetDatabase()));
+    EXPECT_EQ(document.GetDatabase().Undo().EndGroup(), Tolm::eOk);
+    EXPECT_TRUE(session->Documents().Close(&document));
+    EXPECT_FALSE(session->Documents().Close(nullptr));
+}
+
 TEST(Documents, Ids_StayComparableAfterTheirDocumentIsClosed) {
     const HostSession session;
     Document& document = session->Documents().New();
