@@ -42,25 +42,28 @@ private:
     kved_name m_name = {0, 0};
 };
 
-bool IsGone(const kved_name name) {
+// Adds the object of that name unless the undo has erased it.
+void AddIfLiving(SelectionSet& living, const kved_name name) {
     KvDbObjectId id;
     if (kvdbGetObjectId(id, name) != Tolm::eOk) {
-        return true;
+        return;
     }
     KvDbEntity* entity = nullptr;
     const Tolm::ErrorStatus opened = kvdbOpenKvDbEntity(entity, id, KvDb::kForRead);
+    if (opened != Tolm::eWasErased) {
+        kvedSSAdd(name, living.Name(), living.Name());
+    }
     if (opened == Tolm::eOk) {
         // A read open ends whatever the status says.
         fw::Ignore(entity->close());
     }
-    return opened == Tolm::eWasErased;
 }
 
 void AddLiving(SelectionSet& living, SelectionSet& all, long count) {
     for (long index = 0; index < count; ++index) {
         kved_name name = {0, 0};
-        if (kvedSSName(all.Name(), index, name) == KVED_RTNORM && !IsGone(name)) {
-            kvedSSAdd(name, living.Name(), living.Name());
+        if (kvedSSName(all.Name(), index, name) == KVED_RTNORM) {
+            AddIfLiving(living, name);
         }
     }
 }

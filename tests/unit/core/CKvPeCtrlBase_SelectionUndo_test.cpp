@@ -84,6 +84,19 @@ TEST_F(CKvPeCtrlBase_SelectionUndo, Selection_IsKeptLessWhatTheUndoErased) {
                  "kvedSendModelessOperationEnded ZRB_ERRORCONDITION", "kvedSSFree", "kvedSSFree");
 }
 
+TEST_F(CKvPeCtrlBase_SelectionUndo, EachObject_IsHeldOpenWhileItIsAdded) {
+    const KvDbObjectId entity = MakeEntity();
+    ChangeInGroup(entity);
+    document->GetSelection().Pick({entity});
+    journal.Clear();
+    EXPECT_EQ(Retain(), Tolm::eOk);
+    kvtest::CallLines names = kvtest::CallsOnly(journal, {"kvdbOpenKvDbEntity", "kvedSSAdd", "close"});
+    for (std::string& line : names) {
+        line.resize(std::min(line.size(), line.find(' ')));
+    }
+    EXPECT_CALLS(names, "kvedSSAdd", "kvdbOpenKvDbEntity", "kvedSSAdd", "close");
+}
+
 TEST_F(CKvPeCtrlBase_SelectionUndo, SelectionAboveLimit_IsPutBackWithoutGripsAndLeavesTheVariable) {
     const KvDbObjectId first = MakeEntity();
     const KvDbObjectId second = MakeEntity();
