@@ -51,8 +51,11 @@ HRESULT AnswerGetUnspecifiedText(CallScript& script, ScriptedValue& value, const
 
 HRESULT AnswerIsExpressionSupported(CallScript& script, ScriptedValue& value, const std::wstring& subject,
                                     VARIANT_BOOL* supported) {
-    return AnswerTruth(script.Begin(L"IsExpressionSupported", subject), value.isExpressionSupportedResult,
-                       value.expressionSupported, supported);
+    const HRESULT began = script.Begin(L"IsExpressionSupported", subject);
+    if (value.answersThoughFailing && supported != nullptr) {
+        *supported = value.expressionSupported ? VARIANT_TRUE : VARIANT_FALSE;
+    }
+    return AnswerTruth(began, value.isExpressionSupportedResult, value.expressionSupported, supported);
 }
 
 HRESULT AnswerGetExpression(CallScript& script, ScriptedValue& value, const std::wstring& subject,

@@ -53,6 +53,7 @@ public:
     bool expressionSupported = false;
     std::wstring expression;
     HRESULT isExpressionSupportedResult = S_OK;
+    bool answersThoughFailing = false;  ///< a failing IsExpressionSupported gives its answer all the same
     HRESULT getExpressionResult = S_OK;
     HRESULT setExpressionResult = S_OK;
 

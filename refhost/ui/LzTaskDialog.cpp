@@ -12,6 +12,15 @@ struct LzTaskDialog::Description {
     kvhost::TaskDialogDescription dialog;
 };
 
+namespace {
+
+// By which the journal tells the owners of dialogs apart.
+std::wstring TitleOf(const CWnd* owner) {
+    return owner != nullptr ? owner->GetWindowText().Std() : L"null";
+}
+
+}  // namespace
+
 LzTaskDialog::LzTaskDialog() = default;
 
 LzTaskDialog::~LzTaskDialog() = default;
@@ -30,7 +39,8 @@ bool LzTaskDialog::LoadFromFile(const wchar_t* resource, const wchar_t* dialogId
 }
 
 int LzTaskDialog::ShowDialog(CWnd* owner) {
-    kvhost::ServiceCall call(L"LzTaskDialog", m_description ? m_description->id.c_str() : nullptr);
+    kvhost::ServiceCall call(L"LzTaskDialog", m_description ? m_description->id.c_str() : nullptr,
+                             [&] { return TitleOf(owner); });
     if (call.Fails() || !m_description) {
         return call.Returns(IDCANCEL);
     }

@@ -1,5 +1,7 @@
 #include "tests/support/DrawnText.h"
 
+#include <set>
+
 #include "framework/base/Handles.h"
 
 namespace kvtest {
@@ -10,6 +12,8 @@ struct Walk {
     COLORREF textColor = 0;
     COLORREF backColor = 0xFFFFFF;
     int backMode = OPAQUE;
+    std::set<DWORD> fonts;  // made by the work
+    int stockFont = SYSTEM_FONT;
 };
 
 template <class Record>
@@ -29,7 +33,18 @@ void NoteText(const EMREXTTEXTOUTW& record, Walk& walk) {
     drawn.textColor = walk.textColor;
     drawn.backColor = walk.backColor;
     drawn.backMode = walk.backMode;
+    drawn.stockFont = walk.stockFont;
     walk.drawn.push_back(drawn);
+}
+
+void NoteSelected(DWORD object, Walk& walk) {
+    const bool isStock = (object & ENHMETA_STOCK_OBJECT) != 0;
+    const int index = static_cast<int>(object & ~ENHMETA_STOCK_OBJECT);
+    if (isStock && index >= OEM_FIXED_FONT && index <= DEFAULT_GUI_FONT && index != DEFAULT_PALETTE) {
+        walk.stockFont = index;
+    } else if (walk.fonts.contains(object)) {
+        walk.stockFont = -1;
+    }
 }
 
 int CALLBACK OnRecord(HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM parameter) {
@@ -43,6 +58,12 @@ int CALLBACK OnRecord(HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARA
             break;
         case EMR_SETBKMODE:
             walk.backMode = static_cast<int>(As<EMRSETBKMODE>(record).iMode);
+            break;
+        case EMR_EXTCREATEFONTINDIRECTW:
+            walk.fonts.insert(As<EMREXTCREATEFONTINDIRECTW>(record).ihFont);
+            break;
+        case EMR_SELECTOBJECT:
+            NoteSelected(As<EMRSELECTOBJECT>(record).ihObject, walk);
             break;
         case EMR_EXTTEXTOUTW:
             NoteText(As<EMREXTTEXTOUTW>(record), walk);

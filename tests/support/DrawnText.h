@@ -17,6 +17,7 @@ struct DrawnText {
     COLORREF textColor = 0;
     COLORREF backColor = 0;
     int backMode = 0;
+    int stockFont = -1;  // index of the system's font that the text has, if it is one of those
 };
 
 /// Records what the work draws into a metafile and gives its text output in order.

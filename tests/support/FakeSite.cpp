@@ -122,6 +122,9 @@ STDMETHODIMP FakeSite::GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIW
     Note(L"Site.GetWindowContext", info->cb);
     *frame = nullptr;
     *document = nullptr;
+    if (info->cb != 32) {
+        return E_INVALIDARG;  // by its size containers tell the forms of the record apart
+    }
     if (FAILED(windowContextResult)) {
         return windowContextResult;
     }

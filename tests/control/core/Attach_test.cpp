@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "core/CTemporaryResourceOverride.h"
 #include "core/ModuleTexts.h"
@@ -10,6 +11,7 @@
 #include "framework/base/Handles.h"
 #include "framework/base/MessageBox.h"
 #include "framework/base/ModuleState.h"
+#include "resources/Ids.h"
 #include "tests/control/core/LoadedModule.h"
 
 namespace {
@@ -48,6 +50,20 @@ TEST(ModuleAttach, ResourceScopeWithoutSatellite_LeavesTheHandle) {
     state.m_hCurrentResourceHandle = former;
 }
 
+// Texts stand in blocks of 16, each with its length before it. Gives the former length.
+WORD SetLengthOfText(HINSTANCE library, UINT id, WORD length) {
+    const HRSRC block = ::FindResourceW(library, MAKEINTRESOURCEW(id / 16 + 1), RT_STRING);
+    auto* text = static_cast<WORD*>(::LockResource(::LoadResource(library, block)));
+    for (UINT before = id % 16; before > 0; --before) {
+        text += 1 + *text;
+    }
+    DWORD protection = 0;
+    EXPECT_TRUE(::VirtualProtect(text, sizeof(WORD), PAGE_READWRITE, &protection));
+    const WORD former = std::exchange(*text, length);
+    EXPECT_TRUE(::VirtualProtect(text, sizeof(WORD), protection, &protection));
+    return former;
+}
+
 // Stays the last one: a satellite that was found is kept until the program ends.
 TEST(ModuleTexts, EmptyOnes_AreLoadedAgainOnceTheSatelliteIsThere) {
     ASSERT_EQ(KvPeSatellite(), nullptr);
@@ -62,6 +78,12 @@ TEST(ModuleTexts, EmptyOnes_AreLoadedAgainOnceTheSatelliteIsThere) {
     ASSERT_TRUE(satellite);
     ASSERT_TRUE(LoadKvPeSatellite(::GetModuleHandleW(nullptr)));
     EXPECT_TRUE(VariesText().IsEmpty());
+    const WORD length = SetLengthOfText(KvPeSatellite(), IDS_UNSPECIFIED_TEXT, 0);
+    LoadValueTexts();
+    EXPECT_EQ(VariesText(), L"*VARIES*");
+    EXPECT_TRUE(DefaultUnspecifiedText().IsEmpty());
+    // One text that is empty is reason enough to load both again.
+    SetLengthOfText(KvPeSatellite(), IDS_UNSPECIFIED_TEXT, length);
     LoadValueTexts();
     EXPECT_EQ(VariesText(), L"*VARIES*");
     EXPECT_EQ(DefaultUnspecifiedText(), L"<Unspecified>");

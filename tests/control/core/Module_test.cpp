@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "framework/com/ComPtr.h"
+#include "framework/window/CWnd.h"
+#include "framework/window/WindowClass.h"
 #include "refhost/editor/HostSession.h"
 #include "refhost/rx/Modules.h"
 #include "tests/control/core/ClassRows.h"
@@ -72,6 +74,26 @@ TEST_F(Module, FirstControl_LoadsTheModuleIntoTheHost_SecondDoesNot) {
     EXPECT_TRUE(kvtest::CallsOnly(journal, {"kvrx"}).empty());
 }
 
+fw::WindowClass WindowClassOf(const LoadedModule& module) {
+    return {.name = L"KvTestOfModule", .module = module.Handle()};
+}
+
+// The system keeps classes of modules that are gone.
+TEST(ModuleDetach, WindowClasses_AreUnregistered) {
+    HINSTANCE gone = nullptr;
+    WNDCLASSEXW known{};
+    known.cbSize = sizeof known;
+    {
+        const LoadedModule module;
+        gone = module.Handle();
+        CWnd window;
+        ASSERT_TRUE(window.Create(WindowClassOf(module), L"", WS_POPUP, {0, 0, 10, 10}, nullptr));
+        window.DestroyWindow();
+        EXPECT_TRUE(::GetClassInfoExW(gone, L"KvTestOfModule", &known));
+    }
+    EXPECT_FALSE(::GetClassInfoExW(gone, L"KvTestOfModule", &known));
+}
+
 TEST(ModuleDetach, Satellite_StaysLoaded) {
     {
         const LoadedModule module;
@@ -87,6 +109,15 @@ TEST_F(Module, CanUnloadNow_OnlyWithoutAControl) {
         const fw::ComPtr<IUnknown> control = CreateText();
         EXPECT_EQ(module.CanUnloadNow(), S_FALSE);
     }
+    EXPECT_EQ(module.CanUnloadNow(), S_OK);
+}
+
+TEST_F(Module, CanUnloadNow_NotWhileOneOfItsWindowsLives) {
+    EXPECT_EQ(module.CanUnloadNow(), S_OK);
+    CWnd window;
+    ASSERT_TRUE(window.Create(WindowClassOf(module), L"", WS_POPUP, {0, 0, 10, 10}, nullptr));
+    EXPECT_EQ(module.CanUnloadNow(), S_FALSE);
+    window.DestroyWindow();
     EXPECT_EQ(module.CanUnloadNow(), S_OK);
 }
 

@@ -1,5 +1,6 @@
 #include "framework/base/Hresult.h"
 #include "tests/control/support/RowContainer.h"
+#include "tests/support/SentMessages.h"
 
 namespace {
 
@@ -128,6 +129,15 @@ TEST_F(TextRowInterfaces, Refresh_RepaintsTheWholeRow) {
     EXPECT_TRUE(::GetUpdateRect(Row(), &dirty, FALSE));
     EXPECT_EQ(CRect(dirty), CRect(0, 0, 120, 20));
     EXPECT_EQ(kvtest::CallsOnly(journal, {"Invoke"}), kvtest::CallLines{"Invoke A get 5"});
+}
+
+TEST_F(TextRowInterfaces, Refresh_TheGroundIsErasedToo) {
+    CreateTextRow({L"alpha"});
+    ::UpdateWindow(Row());
+    const kvtest::SentMessages sent;
+    EXPECT_EQ(control->Refresh(0), S_OK);
+    ::UpdateWindow(Row());
+    EXPECT_EQ(sent.To(Row(), {WM_ERASEBKGND}).size(), 1U);
 }
 
 TEST_F(TextRowInterfaces, SetValue_WritesAllObjects) {

@@ -172,6 +172,18 @@ TEST_F(CKvPeCtrlBase_Expression, Check_QuestionFails_CountsAsNo) {
     EXPECT_CALLS(journal, "IsExpressionSupported A 5");
 }
 
+// Only the answer counts: objects in use tell yes with a result that is none.
+TEST_F(CKvPeCtrlBase_Expression, Check_QuestionFailsButIsAnsweredYes_CountsAsYes) {
+    MakeBound(L"A", L"a").At(c_property).isExpressionSupportedResult = E_ACCESSDENIED;
+    objects[0]->At(c_property).answersThoughFailing = true;
+    bool supported = false;
+    EXPECT_EQ(control.CheckPropertyForExpression(c_property, objects[0].Get(), value.Address(), &supported),
+              S_OK);
+    EXPECT_TRUE(supported);
+    EXPECT_EQ(ValueText(), L"a");
+    EXPECT_CALLS(journal, "IsExpressionSupported A 5", "GetExpression A 5");
+}
+
 TEST_F(CKvPeCtrlBase_Expression, Check_Supported_ReplacesTheCallersValue) {
     value = fw::Variant::FromString(L"older");
     bool supported = false;
@@ -242,6 +254,8 @@ TEST_F(SetExpression, NotSupportedOrNotAnswered_Fails) {
     object.At(c_property).expressionSupported = true;
     object.At(c_property).isExpressionSupportedResult = E_ACCESSDENIED;
     EXPECT_EQ(SetByDispid(&object), E_FAIL);
+    object.At(c_property).answersThoughFailing = true;
+    EXPECT_EQ(SetByDispid(&object), E_FAIL) << "unlike the read, the write needs a result";
 }
 
 TEST_F(SetExpression, Supported_HandsTheTextOver) {

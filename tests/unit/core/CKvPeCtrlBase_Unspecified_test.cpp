@@ -127,6 +127,17 @@ TEST_F(CKvPeCtrlBase_Unspecified, Check_Dynamic_AsksWithTheObjectAsKey) {
     EXPECT_CALLS(journal, "IsUnspecifiedAllowed P A", "GetUnspecifiedText P A", "IsUnspecified P A");
 }
 
+TEST_F(CKvPeCtrlBase_Unspecified, Check_DynamicWithoutObject_AsksWithTheNullKey) {
+    ScriptedDynamicProperty& property =
+        MakeProperty(L"P", kvhost::OffersByObject | kvhost::OffersUnspecified);
+    property.shared.unspecifiedAllowed = true;
+    EXPECT_EQ(control.CheckPropertyForUnspecifiedValue(property.Identity(), static_cast<IUnknown*>(nullptr),
+                                                       value.Address(), &isUnspecified),
+              S_OK);
+    EXPECT_TRUE(control.m_allowUnspecified);
+    EXPECT_CALLS(journal, "IsUnspecifiedAllowed P null", "GetUnspecifiedText P null", "IsUnspecified P null");
+}
+
 // In the read loop
 
 TEST_F(CKvPeCtrlBase_Unspecified, Read_UnspecifiedThenSpecified_Varies) {

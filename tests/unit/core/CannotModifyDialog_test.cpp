@@ -26,16 +26,27 @@ TEST_F(CannotModifyDialog, KnownId_IsShownAndItsButtonReturned) {
     EXPECT_EQ(kvhost::Answers::TakeShown().size(), 1U);
 }
 
-TEST_F(CannotModifyDialog, Refusal_IsShownWithAndWithoutFrame) {
+TEST_F(CannotModifyDialog, Refusal_IsOwnedByTheFrameElseByTheMainWindow) {
     const fw::WindowClass windowClass{.name = L"KvTestRefusalFrame"};
-    CWnd window;
-    window.Create(windowClass, L"", WS_POPUP, {0, 0, 10, 10}, nullptr);
-    const auto site = kvtest::FakeSite::Make(window, RECT{0, 0, 10, 10});
+    CWnd frame;
+    frame.Create(windowClass, L"frame", WS_POPUP, {0, 0, 10, 10}, nullptr);
+    CWnd mainWindow;
+    mainWindow.Create(windowClass, L"main", WS_POPUP, {0, 0, 10, 10}, nullptr);
+    const auto site = kvtest::FakeSite::Make(frame, RECT{0, 0, 10, 10});
+    const auto owners = [&] { return kvtest::CallsOnly(journal, {"LzTaskDialog"}); };
     ShowEditRefusedDialog(control);
+    EXPECT_CALLS(owners(), "LzTaskDialog ZRB.KvPEXCtl.CannotModifyProperty null");
+    fw::SetMainWindow(mainWindow);
+    journal.Clear();
+    ShowEditRefusedDialog(control);
+    EXPECT_CALLS(owners(), "LzTaskDialog ZRB.KvPEXCtl.CannotModifyProperty main");
     shell.site = site.Get();
+    journal.Clear();
     ShowEditRefusedDialog(control);
-    EXPECT_EQ(kvhost::Answers::TakeShown().size(), 2U);
-    EXPECT_TRUE(window.IsWindow());
+    EXPECT_CALLS(owners(), "LzTaskDialog ZRB.KvPEXCtl.CannotModifyProperty frame");
+    fw::SetMainWindow(nullptr);
+    EXPECT_EQ(kvhost::Answers::TakeShown().size(), 3U);
+    EXPECT_TRUE(frame.IsWindow());
 }
 
 }  // namespace

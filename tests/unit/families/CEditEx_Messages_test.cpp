@@ -1,4 +1,5 @@
 #include "families/CPropertyEditorText.h"
+#include "tests/support/SentMessages.h"
 #include "tests/unit/families/RowBench.h"
 
 namespace {
@@ -71,6 +72,54 @@ TEST_F(EditBoxMessages, ResetSelection_ReadOnly_SelectsNothing) {
     Edit().GetSel(start, end);
     EXPECT_EQ(start, end);
     EXPECT_FALSE(Edit().IsCaretShown());
+}
+
+TEST_F(EditBoxMessages, ResetSelection_SelectsAndThenScrollsToTheCaret) {
+    Open();
+    const kvtest::SentMessages sent;
+    Edit().ResetSelection();
+    EXPECT_EQ(sent.To(Edit().m_hWnd, {EM_SETSEL, EM_SCROLLCARET}),
+              (std::vector<kvtest::SentMessage>{{EM_SETSEL, 0, -1}, {EM_SCROLLCARET, 0, 0}}));
+    Edit().SetReadOnly(TRUE);
+    Edit().ResetSelection();
+    const auto all = sent.To(Edit().m_hWnd, {EM_SETSEL, EM_SCROLLCARET});
+    ASSERT_EQ(all.size(), 4U);
+    EXPECT_EQ(static_cast<int>(all[2].wParam), -1);
+    EXPECT_EQ(all[2].lParam, 0);
+    EXPECT_EQ(all[3].message, static_cast<UINT>(EM_SCROLLCARET));
+}
+
+TEST_F(EditBoxMessages, Escape_BringsTheBeginOfTheStoredTextIntoSight) {
+    Open();
+    Type(L"a text that is by far too long for a row of this width");
+    const kvtest::SentMessages sent;
+    Key(VK_ESCAPE);
+    EXPECT_FALSE(sent.To(Edit().m_hWnd, {EM_SCROLLCARET}).empty());
+}
+
+TEST_F(EditBoxMessages, NewBox_GetsTheRowsFontAndIsToRepaint) {
+    const kvtest::SentMessages sent;
+    Open();
+    EXPECT_EQ(
+        sent.To(Edit().m_hWnd, {WM_SETFONT}),
+        (std::vector<kvtest::SentMessage>{{WM_SETFONT, reinterpret_cast<WPARAM>(row->FontHandle()), TRUE}}));
+}
+
+TEST_F(EditBoxMessages, PutFont_HandsItToTheBoxWhichRepaints) {
+    Open();
+    fw::ComPtr<IUnknown> former;
+    ASSERT_EQ(row->Handle_get_Font(former.Put()), S_OK);
+    fw::ComPtr<IFont> larger;
+    ASSERT_EQ(former.As<IFont>()->Clone(larger.Put()), S_OK);
+    ASSERT_EQ(larger->put_Size({.int64 = 200000}), S_OK);
+    Edit().UpdateWindow();
+    const kvtest::SentMessages sent;
+    EXPECT_EQ(row->Handle_put_Font(larger.Get()), S_OK);
+    const auto told = sent.To(Edit().m_hWnd, {WM_SETFONT});
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told[0].wParam, reinterpret_cast<WPARAM>(row->FontHandle()));
+    EXPECT_EQ(told[0].lParam, TRUE);
+    EXPECT_TRUE(::GetUpdateRect(Edit().m_hWnd, nullptr, FALSE));
 }
 
 TEST_F(EditBoxMessages, Caret_IsSeenOnlyAfterTheUserHasBegun) {

@@ -107,6 +107,42 @@ TEST_F(EditBoxTip, DrawTip_PaintsTheTextInTheTipsColours) {
     EXPECT_EQ(::GetPixel(dc, client.right - 3, 3), ::GetSysColor(COLOR_INFOBK));
 }
 
+// A colour of the system's for as long as it lives.
+class SystemColor {
+public:
+    SystemColor(int index, COLORREF color) : m_index(index), m_former(::GetSysColor(index)) {
+        ::SetSysColors(1, &m_index, &color);
+    }
+    SystemColor(const SystemColor&) = delete;
+    SystemColor& operator=(const SystemColor&) = delete;
+    ~SystemColor() { ::SetSysColors(1, &m_index, &m_former); }
+
+private:
+    int m_index;
+    COLORREF m_former;
+};
+
+TEST_F(EditBoxTip, DrawTip_TextHasTheTipsTextColour) {
+    constexpr COLORREF reddish = RGB(200, 10, 20);
+    const SystemColor textColor(23, reddish);
+    row->m_text = L"a text that is by far too long for a row of this width";
+    Open();
+    Edit().SetReadOnly(TRUE);
+    PutCursor(Edit());
+    MoveMouse();
+    ASSERT_TRUE(kvtest::PumpUntil([] { return ::IsWindowVisible(Tip()) != FALSE; }));
+    const fw::WindowDc dc(Tip());
+    CRect client;
+    ::GetClientRect(Tip(), &client);
+    int ofText = 0;
+    for (int x = 3; x < client.right - 3; ++x) {
+        for (int y = 3; y < client.bottom - 3; ++y) {
+            ofText += ::GetPixel(dc, x, y) == reddish ? 1 : 0;
+        }
+    }
+    EXPECT_GT(ofText, 20);
+}
+
 TEST_F(EditBoxTip, DrawTip_ForSomethingElse_IsIgnored) {
     Open();
     EXPECT_EQ(::SendMessageW(Edit().m_hWnd, WM_KVPE_DRAW_TIP, 1, 0), 0);

@@ -136,6 +136,28 @@ TEST_F(UnspecifiedHint, Draw_UsesTheSelectionColours) {
     EXPECT_EQ(drawn[0].origin.x, 0);
 }
 
+TEST_F(UnspecifiedHint, Draw_BoxWithoutFont_TakesTheSystemsFont17) {
+    const auto fontOf = [](HFONT font) {
+        const auto drawn = kvtest::RecordText([&](HDC dc) {
+            CPropNoDefaultWnd::Draw(dc, {0, 0, 120, 20}, L"none given", font);
+        });
+        return drawn.empty() ? 0 : drawn[0].stockFont;
+    };
+    EXPECT_EQ(fontOf(nullptr), 17);
+    EXPECT_EQ(fontOf(row->FontHandle()), -1);
+}
+
+TEST_F(UnspecifiedHint, Timer_LooksEvery100Milliseconds) {
+    EXPECT_EQ(CPropNoDefaultWnd::TimerPeriod, 100U);
+    EXPECT_EQ(CPropNoDefaultWnd::TimerId, 2U);
+    Open();
+    Edit().ShowUnspecifiedHint(true);
+    const ULONGLONG start = ::GetTickCount64();
+    frame.MoveWindow(130, 140, 300, 200);
+    EXPECT_TRUE(kvtest::PumpUntil([] { return !IsShown(); }));
+    EXPECT_GE(::GetTickCount64() - start, 80U) << "less the clock's step";
+}
+
 TEST_F(UnspecifiedHint, Paint_FillsTheWindow) {
     Open();
     ::UpdateWindow(Hint());

@@ -108,7 +108,7 @@ TEST_F(LzTaskDialogTest, NobodyThere_TakesTheDefaultButtonAtOnce) {
     EXPECT_EQ(dialog.ShowDialog(nullptr), IDOK);
     EXPECT_CALLS(journal,
                  "LoadFromFile /KvTaskDialogs;component/TaskDialogs.xaml ZRB.KvPEXCtl.CannotModifyProperty",
-                 "LzTaskDialog ZRB.KvPEXCtl.CannotModifyProperty");
+                 "LzTaskDialog ZRB.KvPEXCtl.CannotModifyProperty null");
     EXPECT_EQ(journal.Entries()[1].result, L"1");
 }
 
