@@ -1,5 +1,7 @@
 #include "refhost/db/DrawingBuilder.h"
 
+#include <utility>
+
 #include "refhost/db/Layer.h"
 #include "refhost/db/ObjectState.h"
 #include "refhost/db/ObjectStore.h"
@@ -47,6 +49,13 @@ std::wstring DrawingBuilder::Add(std::unique_ptr<Object> object, std::uint64_t h
     }
     const Layer* const layer = dynamic_cast<const Layer*>(object.get());
     if (layer != nullptr && layer->Name() == L"0") {
+        if (owner != m_database->LayerTableId()) {
+            return L"it can't be here";
+        }
+        // It stands in the drawing from the start, so that the drawing itself would take it again and again.
+        if (std::exchange(m_hasLayerZero, true)) {
+            return L"name: another object has it";
+        }
         if (handle != 0 && handle != c_firstHandle) {
             return L"handle: that of layer \"0\" is " + HandleText(c_firstHandle);
         }

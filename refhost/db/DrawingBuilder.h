@@ -36,6 +36,7 @@ public:
 
 private:
     std::unique_ptr<Database> m_database;
+    bool m_hasLayerZero = false;  // that of the file
 };
 
 /// Hexadecimal text of a handle.

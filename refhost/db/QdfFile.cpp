@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "refhost/db/DrawingBuilder.h"
 #include "refhost/db/DrawingFile.h"
 #include "refhost/db/NameRules.h"
@@ -61,6 +63,7 @@ private:
     std::string_view m_file;
     std::size_t m_position = 0;
     std::uint32_t m_count = 0;
+    bool m_hasSettings = false;
 };
 
 std::wstring QdfReader::Read() {
@@ -115,11 +118,15 @@ std::wstring QdfReader::ReadObject(std::string_view content) {
     RecordReader reader(content, database);
     const std::wstring className = reader.RawText();
     const auto handle = reader.Raw<std::uint64_t>();
-    const KvDbObjectId owner = database.IdOf(reader.Raw<std::uint64_t>());
+    const auto ownerHandle = reader.Raw<std::uint64_t>();
+    const KvDbObjectId owner = database.IdOf(ownerHandle);
     if (!reader.Failure().empty()) {
         return reader.Failure();
     }
     const bool isSettings = handle == database.SettingsId().handle();
+    if (isSettings && (ownerHandle != 0 || std::exchange(m_hasSettings, true))) {
+        return L"the settings can't be here";
+    }
     std::unique_ptr<Object> added = isSettings ? nullptr : MakeObject(className);
     Object* const object = isSettings ? &DrawingBuilder::At(database.SettingsId()) : added.get();
     if (object == nullptr || className != object->ClassName()) {

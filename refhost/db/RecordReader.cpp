@@ -7,6 +7,26 @@
 
 namespace kvhost {
 
+namespace {
+
+// What a method has no use for is zero: equal colours are equal to the bit.
+bool IsColor(const ColorValue& value) {
+    switch (value.method) {
+        case ColorValue::Method::ByLayer:
+            return value == ColorValue::ByLayer();
+        case ColorValue::Method::ByBlock:
+            return value == ColorValue::ByBlock();
+        case ColorValue::Method::Index:
+            return value.index != 0 && value == ColorValue::OfIndex(value.index);
+        case ColorValue::Method::Rgb:
+            return value == ColorValue::OfRgb(value.red, value.green, value.blue);
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
 bool RecordReader::Take(std::size_t count) {
     if (!m_failure.empty()) {
         return false;
@@ -93,14 +113,12 @@ void RecordReader::Text(const char* /*name*/, std::wstring& value, const wchar_t
 }
 
 void RecordReader::Color(const char* name, ColorValue& value, const ColorValue& /*otherwise*/) {
-    const std::uint8_t method = Raw<std::uint8_t>();
-    value.method = static_cast<ColorValue::Method>(method);
+    value.method = static_cast<ColorValue::Method>(Raw<std::uint8_t>());
     value.index = Raw<std::uint8_t>();
     value.red = Raw<std::uint8_t>();
     value.green = Raw<std::uint8_t>();
     value.blue = Raw<std::uint8_t>();
-    if (method > static_cast<std::uint8_t>(ColorValue::Method::Rgb) ||
-        (value.method == ColorValue::Method::Index && value.index == 0)) {
+    if (!IsColor(value)) {
         Fail(name, L"no colour");
     }
 }
