@@ -27,7 +27,7 @@ HRESULT WriteProgId(const RegistryKeys& keys, const wchar_t* progId, const Objec
 }
 
 HRESULT WriteClass(const RegistryKeys& keys, const ObjectMapEntry& object, const std::wstring& modulePath,
-                   const TypeLibRegistration& library) {
+                   const TypeLibRegistration* library) {
     const std::wstring path = ClassKey(object);
     RETURN_IF_FAILED_EXPECTED(keys.SetText(path, nullptr, object.description));
     RETURN_IF_FAILED_EXPECTED(keys.SetText(path + L"\\InprocServer32", nullptr, modulePath));
@@ -37,8 +37,10 @@ HRESULT WriteClass(const RegistryKeys& keys, const ObjectMapEntry& object, const
     RETURN_IF_FAILED_EXPECTED(keys.SetText(path + L"\\MiscStatus", nullptr, L"0"));
     RETURN_IF_FAILED_EXPECTED(
         keys.SetText(path + L"\\MiscStatus\\1", nullptr, std::to_wstring(object.miscStatus)));
-    RETURN_IF_FAILED_EXPECTED(keys.SetText(path + L"\\TypeLib", nullptr, library.Id()));
-    RETURN_IF_FAILED_EXPECTED(keys.SetText(path + L"\\Version", nullptr, library.Version()));
+    if (library) {
+        RETURN_IF_FAILED_EXPECTED(keys.SetText(path + L"\\TypeLib", nullptr, library->Id()));
+        RETURN_IF_FAILED_EXPECTED(keys.SetText(path + L"\\Version", nullptr, library->Version()));
+    }
     RETURN_IF_FAILED_EXPECTED(WriteProgId(keys, object.progId, object));
     RETURN_HR_IF(S_OK, !object.versionIndependentProgId);
     RETURN_IF_FAILED_EXPECTED(
@@ -62,12 +64,16 @@ HRESULT RemoveClass(const RegistryKeys& keys, const ObjectMapEntry& object) {
 
 HRESULT WriteAll(const ModuleRegistration& registration) {
     const RegistryKeys keys(registration.rootKey);
+    const bool hasLibrary = registration.typeLibrary == TypeLibraryPart::Registered;
     TypeLibRegistration library;
-    RETURN_IF_FAILED_EXPECTED(library.Load(registration.modulePath));
-    RETURN_IF_FAILED_EXPECTED(library.Write(keys));
+    if (hasLibrary) {
+        RETURN_IF_FAILED_EXPECTED(library.Load(registration.modulePath));
+        RETURN_IF_FAILED_EXPECTED(library.Write(keys));
+    }
     for (const ObjectMapEntry& object : registration.objects) {
         if (object.progId) {
-            RETURN_IF_FAILED_EXPECTED(WriteClass(keys, object, registration.modulePath, library));
+            RETURN_IF_FAILED_EXPECTED(
+                WriteClass(keys, object, registration.modulePath, hasLibrary ? &library : nullptr));
         }
     }
     return S_OK;
@@ -81,11 +87,13 @@ HRESULT RemoveAll(const ModuleRegistration& registration) {
             Remember(first, RemoveClass(keys, object));
         }
     }
-    TypeLibRegistration library;
-    const HRESULT loaded = library.Load(registration.modulePath);
-    Remember(first, loaded);
-    if (SUCCEEDED(loaded)) {
-        Remember(first, library.Remove(keys));
+    if (registration.typeLibrary == TypeLibraryPart::Registered) {
+        TypeLibRegistration library;
+        const HRESULT loaded = library.Load(registration.modulePath);
+        Remember(first, loaded);
+        if (SUCCEEDED(loaded)) {
+            Remember(first, library.Remove(keys));
+        }
     }
     for (const wchar_t* parent : {L"CLSID", L"Interface", L"TypeLib"}) {
         Remember(first, keys.RemoveIfEmpty(parent));

@@ -141,6 +141,32 @@ TEST_F(RegistrationTest, Register_KeyCannotBeMade_IsTakenBack) {
     EXPECT_EQ(RootKeys(), std::vector<std::wstring>());
 }
 
+TEST_F(RegistrationTest, LibraryLeftOut_ClassesAloneAreWrittenAndTakenOut) {
+    m_registration.typeLibrary = fw::TypeLibraryPart::LeftOut;
+    ASSERT_EQ(fw::RegisterModule(m_registration), S_OK);
+    EXPECT_EQ(Read(std::wstring(s_class) + L"\\InprocServer32"), m_registration.modulePath);
+    EXPECT_FALSE(HasKey(std::wstring(s_class) + L"\\TypeLib"));
+    EXPECT_FALSE(HasKey(s_library));
+    EXPECT_FALSE(HasKey(s_interface));
+    EXPECT_EQ(fw::UnregisterModule(m_registration), S_OK);
+    EXPECT_EQ(RootKeys(), std::vector<std::wstring>());
+}
+
+TEST_F(RegistrationTest, LibraryLeftOut_ThatOfTheOtherModuleStays) {
+    ASSERT_EQ(fw::RegisterModule(m_registration), S_OK);
+    m_registration.typeLibrary = fw::TypeLibraryPart::LeftOut;
+    EXPECT_EQ(fw::UnregisterModule(m_registration), S_OK);
+    EXPECT_FALSE(HasKey(s_class));
+    EXPECT_EQ(Read(std::wstring(s_library) + L"\\1.2\\409\\win64"), m_registration.modulePath);
+}
+
+TEST_F(RegistrationTest, LibraryLeftOut_ModuleWithoutOneCanBeRegistered) {
+    m_registration.modulePath = L"C:\\nowhere\\none.qmx";
+    m_registration.typeLibrary = fw::TypeLibraryPart::LeftOut;
+    EXPECT_EQ(fw::RegisterModule(m_registration), S_OK);
+    EXPECT_EQ(Read(std::wstring(s_class) + L"\\InprocServer32"), m_registration.modulePath);
+}
+
 TEST_F(RegistrationTest, ClassWithoutProgId_IsNotRegistered) {
     fw::ObjectMapEntry object = m_registration.objects.front();
     object.progId = nullptr;
