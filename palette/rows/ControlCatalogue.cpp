@@ -51,6 +51,11 @@ const ControlClass* ControlCatalogue::Find(std::wstring_view name) const {
     return found == m_classes.end() ? nullptr : &*found;
 }
 
+bool ControlCatalogue::FindRegistered(const std::wstring& progId, ControlClass& result) {
+    result.name = progId;
+    return SUCCEEDED(::CLSIDFromProgID(progId.c_str(), &result.classId));
+}
+
 bool ControlCatalogue::IsCreatable(const ControlClass& controlClass) {
     fw::ComPtr<IUnknown> control;
     return SUCCEEDED(::CoCreateInstance(controlClass.classId, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,

@@ -23,6 +23,8 @@ public:
     const std::vector<ControlClass>& Classes() const { return m_classes; }
     /// Null when there is no class of that name.
     const ControlClass* Find(std::wstring_view name) const;
+    /// The class of another module, by the name under which it is registered. False when there is none.
+    [[nodiscard]] static bool FindRegistered(const std::wstring& progId, ControlClass& result);
 
     /// Whether an object of the class can be made now.
     [[nodiscard]] static bool IsCreatable(const ControlClass& controlClass);

@@ -25,7 +25,11 @@ std::vector<PaletteRow> RowSet::RowsFor(std::span<const KvDbObjectId> selection)
 }
 
 void RowSet::Choose(PaletteRow& row) {
-    const ControlClass* const wanted = m_catalogue.Find(row.property.control);
+    ControlClass registered;
+    const ControlClass* wanted = m_catalogue.Find(row.property.control);
+    if (!wanted && ControlCatalogue::FindRegistered(row.property.control, registered)) {
+        wanted = &registered;
+    }
     if (wanted && IsAvailable(*wanted)) {
         row.kind = RowKind::Control;
         row.classId = wanted->classId;

@@ -6,6 +6,7 @@
 #include "refhost/automation/DynamicAttribute.h"
 #include "refhost/automation/PropertyTable.h"
 #include "refhost/automation/PropertyTables.h"
+#include "refhost/automation/RowControls.h"
 #include "refhost/db/Attribute.h"
 #include "refhost/db/BlockReference.h"
 #include "refhost/db/Database.h"
@@ -175,6 +176,10 @@ std::vector<PropertyRow> RowsOf(std::span<const KvDbObjectId> selection) {
     }
     AppendAttributeRows(subjects, rows);
     AppendDynamicRows(subjects, rows);
+    for (PropertyRow& row : rows) {
+        const std::wstring wanted = WantedControlOf(row.name);
+        row.control = wanted.empty() ? row.control : wanted;
+    }
     return rows;
 }
 

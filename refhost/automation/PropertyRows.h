@@ -26,7 +26,8 @@ struct PropertyRowEntry {
 struct PropertyRow {
     std::wstring name;
     std::wstring category;
-    std::wstring control;  ///< coclass name of the control
+    /// Coclass name of the control, or the registered name of a class of another module.
+    std::wstring control;
     VARTYPE type = VT_EMPTY;
     unsigned flags = 0;  ///< PropertyFlag bits; read-only when it is so for one of the objects
     std::vector<PropertyRowEntry> entries;

@@ -106,6 +106,7 @@ const std::array s_variables{
     Variable{L"QDFNAME", std::wstring(), 0, 0, ReadFileName},
     Variable{L"QDFPREFIX", std::wstring(), 0, 0, ReadFolder},
     Variable{L"QDFTITLED", 0, 0, 1, ReadIsTitled},
+    Variable{L"ROWCONTROLS", std::wstring(), 0, 0},
     Variable{L"TEXTSIZE", 2.5, 1e-6, c_largeReal},
     Variable{L"USERNAME", std::wstring(), 0, 0},
 };

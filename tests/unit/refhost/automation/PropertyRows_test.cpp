@@ -8,6 +8,7 @@
 #include "refhost/db/BlockReference.h"
 #include "refhost/db/Circle.h"
 #include "refhost/db/Text.h"
+#include "refhost/editor/SystemVariables.h"
 #include "tests/support/ExpectCalls.h"
 #include "tests/unit/refhost/automation/AutomationFixture.h"
 
@@ -68,6 +69,24 @@ protected:
 TEST_F(PropertyRowsTest, NothingSelected_NoRows) {
     EXPECT_TRUE(kvhost::RowsOf({}).empty());
     EXPECT_EQ(kvhost::ClassNameOf({}), L"");
+}
+
+TEST_F(PropertyRowsTest, RowControls_NamesTheControlsOfRows) {
+    const std::vector ids{Add<Text>()};
+    const auto controlOf = [&](const wchar_t* row) {
+        const auto rows = kvhost::RowsOf(ids);
+        return RowNamed(rows, row)->control;
+    };
+    kvhost::SystemVariables& variables = m_session->Variables();
+    const std::wstring own = controlOf(L"Layer");
+    variables.SetText(L"ROWCONTROLS", L"Contents=Other.Editor.1;Height=Kv.Height.2");
+    EXPECT_EQ(controlOf(L"Contents"), L"Other.Editor.1");
+    EXPECT_EQ(controlOf(L"Height"), L"Kv.Height.2");
+    EXPECT_EQ(controlOf(L"Layer"), own);
+    for (const wchar_t* const text : {L"", L";;", L"Contents", L"Contents=", L"contents=Other.Editor.1"}) {
+        variables.SetText(L"ROWCONTROLS", text);
+        EXPECT_EQ(controlOf(L"Contents"), L"KvPePropertyEditorText") << kvtest::ToUtf8(text);
+    }
 }
 
 TEST_F(PropertyRowsTest, OneObject_HasTheRowsOfItsTable) {
