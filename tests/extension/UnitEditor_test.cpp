@@ -45,15 +45,15 @@ protected:
 };
 
 TEST_F(Extension, OwnComparison_DecidesWhetherTheValueVaries) {
-    CreateUnitRow({L"mm", L"MM"});
-    EXPECT_EQ(BoxText(), L"mm");
+    CreateUnitRow({L"12 mm", L"12mm"});
+    EXPECT_EQ(BoxText(), L"12 mm");
     Discard();
-    CreateUnitRow({L"mm", L"inch"});
-    EXPECT_NE(BoxText(), L"mm");
+    CreateUnitRow({L"12 mm", L"12 MM"});
+    EXPECT_NE(BoxText(), L"12 mm") << "the base alone ignores case";
 }
 
 TEST_F(Extension, TypedText_IsWrittenToAllObjects) {
-    CreateUnitRow({L"mm", L"MM"});
+    CreateUnitRow({L"12 mm", L"12mm"});
     kvtest::TypeText(L"inch");
     kvtest::PressKey(VK_RETURN);
     EXPECT_EQ(Stored(0), L"inch");

@@ -29,7 +29,8 @@ const std::array s_objects{
 };
 
 fw::ModuleRegistration OwnRegistration() {
-    return {fw::ModulePath(s_module.GetModuleInstance()), s_objects};
+    // The type library that clients look up is that of KvPEXCtl.qmx, which registers it.
+    return {fw::ModulePath(s_module.GetModuleInstance()), s_objects, fw::TypeLibraryPart::LeftOut};
 }
 
 }  // namespace

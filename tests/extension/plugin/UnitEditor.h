@@ -2,7 +2,7 @@
 
 #include "families/CKvPeEditBase.h"
 
-/// A text row to which texts that differ in case alone are the same.
+/// A text row for quantities: texts that differ in blanks alone, "12 mm" and "12mm", are the same.
 class UnitEditor final : public CKvPeEditBase {
 public:
     using CKvPeEditBase::CKvPeEditBase;
