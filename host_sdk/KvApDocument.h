@@ -25,6 +25,8 @@ public:
     /// Slot 14. The command line waits for input, so that its prompt is to be shown again after a modeless
     /// change.
     [[nodiscard]] virtual bool isQuiescent() const = 0;
+    /// Slot 15. The drawing may show a live preview now: no command and no drag runs in it.
+    [[nodiscard]] virtual bool allowsLivePreview() const = 0;
 
 protected:
     ~KvApDocument() = default;

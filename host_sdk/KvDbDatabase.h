@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host_sdk/Export.h"
+#include "host_sdk/KvDbObjectId.h"
 #include "host_sdk/KvRxObject.h"
 
 class KvDbUndoController;
@@ -12,6 +13,7 @@ public:
 
     /// Null for a database that keeps no undo record. Not owned by the caller.
     [[nodiscard]] virtual KvDbUndoController* undoController() const = 0;
+    [[nodiscard]] virtual KvDbObjectId layerTableId() const = 0;
 
 protected:
     ~KvDbDatabase() = default;

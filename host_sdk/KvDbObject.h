@@ -5,6 +5,8 @@
 #include "host_sdk/KvDbObjectId.h"
 #include "host_sdk/KvRxObject.h"
 
+class KvDbObjectReactor;
+
 namespace KvDb {
 enum OpenMode : int { kForRead = 0, kForWrite = 1, kForNotify = 2 };
 }
@@ -23,6 +25,11 @@ public:
     /// Turns a read open into a write open. eWasOpenForRead when another reader is in.
     virtual Tolm::ErrorStatus upgradeOpen() = 0;
 
+    /// Attach and detach a reactor, which stays the caller's. They need the object open in any way.
+    /// eNotOpenForRead; eInvalidInput for a null reactor, one that is attached already, or is not.
+    virtual Tolm::ErrorStatus addReactor(KvDbObjectReactor* reactor) const = 0;
+    virtual Tolm::ErrorStatus removeReactor(KvDbObjectReactor* reactor) const = 0;
+
 protected:
     ~KvDbObject() = default;
 };
@@ -31,3 +38,7 @@ protected:
 /// (eWasErased otherwise). Close with KvDbObject::close.
 [[nodiscard]] KVHOST_API Tolm::ErrorStatus kvdbOpenKvDbObject(KvDbObject*& object, KvDbObjectId id,
                                                               KvDb::OpenMode mode, bool openErased = false);
+/// The same; eNotThatKindOfClass for an object that is no `runtimeClass`. A null class takes every object.
+[[nodiscard]] KVHOST_API Tolm::ErrorStatus kvdbOpenKvDbObject(KvDbObject*& object, KvDbObjectId id,
+                                                              KvDb::OpenMode mode,
+                                                              const KvRxClass* runtimeClass, bool openErased);

@@ -21,6 +21,8 @@ public:
     explicit KvDbObjectId(KvDbStub* stub) : m_stub(stub) {}
 
     [[nodiscard]] bool isNull() const { return m_stub == nullptr; }
+    /// Not null, and of a drawing that is still there.
+    [[nodiscard]] bool isValid() const { return database() != nullptr; }
     [[nodiscard]] KvDbDatabase* database() const { return m_stub != nullptr ? m_stub->database : nullptr; }
     [[nodiscard]] std::uint64_t handle() const { return m_stub != nullptr ? m_stub->handle : 0; }
     [[nodiscard]] std::uint32_t stubFlags() const { return m_stub != nullptr ? m_stub->flags : 0; }

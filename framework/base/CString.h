@@ -31,7 +31,8 @@ public:
     wchar_t GetAt(int index) const { return m_text[static_cast<std::size_t>(index)]; }
 
     // Each returns a value below, at or above 0.
-    int Compare(const wchar_t* other) const;        // by code unit
+    int Compare(const wchar_t* other) const;                            // by code unit
+    int compare(const wchar_t* other) const { return Compare(other); }  // as hosts call it
     int CompareNoCase(const wchar_t* other) const;  // without regard to case, the same in every locale
     int CompareLocale(const wchar_t* other) const;  // in the user's sorting order
 

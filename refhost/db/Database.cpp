@@ -19,6 +19,12 @@
 
 namespace kvhost {
 
+namespace {
+
+constexpr const wchar_t* c_viewports = L"Viewports";
+
+}  // namespace
+
 Database::Database()
     : m_store(std::make_unique<ObjectStore>(*this)), m_undo(std::make_unique<UndoController>()) {
     static long long s_lastSerialNumber = 0;
@@ -62,6 +68,11 @@ KvDbUndoController* Database::undoController() const {
     return given ? m_undo.get() : nullptr;
 }
 
+KvDbObjectId Database::layerTableId() const {
+    ServiceCall call(L"layerTableId");
+    return call.Returns(call.Fails() ? KvDbObjectId() : LayerTableId());
+}
+
 void Database::MakeFixedObjects() {
     m_store->Add(std::make_unique<LayerTable>(), c_layerTable, nullptr);
     m_store->Add(std::make_unique<BlockTable>(), c_blockTable, nullptr);
@@ -100,12 +111,29 @@ std::vector<KvDbObjectId> Database::OwnedBy(KvDbObjectId owner) const {
     return ids;
 }
 
+std::vector<KvDbObjectId> Database::AllOwnedBy(KvDbObjectId owner) const {
+    if (ObjectStore::ObjectOf(owner) == nullptr) {
+        return {};
+    }
+    const std::vector<KvDbStub*>& stubs = ObjectStore::OwnedBy(owner.stub());
+    return std::vector<KvDbObjectId>(stubs.begin(), stubs.end());
+}
+
 KvDbObjectId Database::LayerNamed(std::wstring_view name) const {
     return KvDbObjectId(m_store->FindNamed(SymbolKind::Layer, name));
 }
 
 KvDbObjectId Database::BlockNamed(std::wstring_view name) const {
     return KvDbObjectId(m_store->FindNamed(SymbolKind::Block, name));
+}
+
+KvDbObjectId Database::ViewportNamed(std::wstring_view name) const {
+    const KvDbObjectId viewports = PeekAs<Dictionary>(NamedObjectsId())->At(c_viewports);
+    return viewports.isNull() || name.empty() ? KvDbObjectId() : PeekAs<Dictionary>(viewports)->At(name);
+}
+
+KvDbObjectId Database::CurrentViewport() const {
+    return ViewportNamed(GetSettings().CurrentViewport());
 }
 
 bool Database::ContainsBlock(KvDbObjectId block, KvDbObjectId inner) {

@@ -39,6 +39,7 @@ public:
     [[nodiscard]] static KvRxClass* desc();
     [[nodiscard]] KvRxClass* isA() const override;
     [[nodiscard]] KvDbUndoController* undoController() const override;
+    [[nodiscard]] KvDbObjectId layerTableId() const override;
 
     /// Tells the drawings of a process apart; no two ever have the same.
     [[nodiscard]] long long SerialNumber() const { return m_serialNumber; }
@@ -69,10 +70,16 @@ public:
     /// What `owner` owns and is not erased, by rising handle: entities of a block, attributes of a block
     /// reference, records of a table.
     [[nodiscard]] std::vector<KvDbObjectId> OwnedBy(KvDbObjectId owner) const;
+    /// The same with what is erased.
+    [[nodiscard]] std::vector<KvDbObjectId> AllOwnedBy(KvDbObjectId owner) const;
     [[nodiscard]] std::vector<KvDbObjectId> ModelSpaceEntities() const { return OwnedBy(ModelSpaceId()); }
     /// Null id when there is none of that name, letter case apart.
     [[nodiscard]] KvDbObjectId LayerNamed(std::wstring_view name) const;
     [[nodiscard]] KvDbObjectId BlockNamed(std::wstring_view name) const;
+    /// Viewports are the records of the dictionary "Viewports". Null id when there is none of that name.
+    [[nodiscard]] KvDbObjectId ViewportNamed(std::wstring_view name) const;
+    /// The viewport in which the drawing is worked on; null in the model without one.
+    [[nodiscard]] KvDbObjectId CurrentViewport() const;
     /// Whether references within `block`, at any depth, or `block` itself are of `inner`.
     [[nodiscard]] static bool ContainsBlock(KvDbObjectId block, KvDbObjectId inner);
     /// Opens that were not closed, all objects together.
@@ -95,6 +102,7 @@ public:
     }
     Tolm::ErrorStatus AddLayer(std::wstring_view name, KvDbObjectId& id);
     Tolm::ErrorStatus AddBlock(std::wstring_view name, KvDbObjectId& id);
+    Tolm::ErrorStatus AddViewport(std::wstring_view name, KvDbObjectId& id);
 
     void AddReactor(DatabaseReactor* reactor);
     void RemoveReactor(DatabaseReactor* reactor);
@@ -127,6 +135,7 @@ private:
     /// Marks as undo and readers do: without record and notice.
     void PutErased(Object& object, bool erased);
     void NotifyModified(Object& object);
+    void NotifyUndone(Object& object);
     void NotifyErased(Object& object, bool erased);
     void NotifyOwnerModified(const Object& object);
     [[nodiscard]] Tolm::ErrorStatus CheckErase(const Object& object, bool erase) const;

@@ -86,6 +86,7 @@ Tolm::ErrorStatus Database::Append(std::unique_ptr<Object> object, KvDbObjectId 
     if (object == nullptr) {
         return Tolm::eInvalidInput;
     }
+    m_undo->Preview().TakeBack();
     const Tolm::ErrorStatus status = CheckAppend(*object, owner);
     if (status != Tolm::eOk) {
         return status;
@@ -121,6 +122,18 @@ Tolm::ErrorStatus Database::AddBlock(std::wstring_view name, KvDbObjectId& id) {
     auto block = std::make_unique<Block>();
     const Tolm::ErrorStatus status = block->SetName(name);
     return status == Tolm::eOk ? Append(std::move(block), BlockTableId(), id) : status;
+}
+
+Tolm::ErrorStatus Database::AddViewport(std::wstring_view name, KvDbObjectId& id) {
+    const auto append = [&](std::wstring_view entryName, KvDbObjectId owner, KvDbObjectId& entryId) {
+        auto entry = std::make_unique<Dictionary>();
+        const Tolm::ErrorStatus named = entry->SetName(entryName);
+        return named == Tolm::eOk ? Append(std::move(entry), owner, entryId) : named;
+    };
+    KvDbObjectId viewports = PeekAs<Dictionary>(NamedObjectsId())->At(L"Viewports");
+    const Tolm::ErrorStatus status =
+        viewports.isNull() ? append(L"Viewports", NamedObjectsId(), viewports) : Tolm::eOk;
+    return status == Tolm::eOk ? append(name, viewports, id) : status;
 }
 
 Tolm::ErrorStatus Database::CheckErase(const Object& object, bool erase) const {
@@ -239,6 +252,11 @@ void Database::NotifyModified(Object& object) {
     NotifyOwnerModified(object);
 }
 
+void Database::NotifyUndone(Object& object) {
+    CallEach(object.m_reactors, [&](ObjectReactor& reactor) { reactor.Undone(object); });
+    NotifyModified(object);
+}
+
 void Database::NotifyErased(Object& object, bool erased) {
     CallEach(object.m_reactors, [&](ObjectReactor& reactor) { reactor.Erased(object, erased); });
     CallEach(m_reactors, [&](DatabaseReactor& reactor) { reactor.ObjectErased(*this, object, erased); });
@@ -249,7 +267,8 @@ void Database::NotifyOwnerModified(const Object& object) {
     // A table changes with its records; a block does not count as changed with each of its entities.
     if (dynamic_cast<const Entity*>(&object) == nullptr) {
         if (Object* const owner = ObjectStore::ObjectOf(object.OwnerId())) {
-            CallEach(owner->m_reactors, [&](ObjectReactor& reactor) { reactor.Modified(*owner); });
+            CallEach(owner->m_reactors,
+                     [&](ObjectReactor& reactor) { reactor.PartModified(*owner, object); });
         }
     }
 }

@@ -7,6 +7,7 @@
 #include "refhost/db/GeometrySink.h"
 #include "refhost/db/Layer.h"
 #include "refhost/db/Lineweight.h"
+#include "refhost/db/Settings.h"
 #include "refhost/testing/ServiceCall.h"
 
 namespace kvhost {
@@ -72,7 +73,9 @@ Tolm::ErrorStatus Entity::SetColor(const ColorValue& color) {
 
 ColorValue Entity::EffectiveColor() const {
     const Layer* const record = Database::PeekAs<Layer>(m_layer);
-    return m_color.method == ColorValue::Method::ByLayer && record != nullptr ? record->Color() : m_color;
+    return m_color.method == ColorValue::Method::ByLayer && record != nullptr
+               ? record->ColorIn(GetDatabase()->GetSettings().CurrentViewport())
+               : m_color;
 }
 
 Tolm::ErrorStatus Entity::SetLinetype(std::wstring_view name) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "host_sdk/KvDbLayerTableRecord.h"
 #include "refhost/db/ObjectFace.h"
 
@@ -33,8 +35,20 @@ public:
     [[nodiscard]] const std::wstring& Description() const { return m_description; }
     Tolm::ErrorStatus SetDescription(std::wstring_view text) { return ChangeText(m_description, text); }
 
+    // What the layer looks like in single viewports, by their name (letter case apart).
+    [[nodiscard]] bool HasOverrides(std::wstring_view viewport) const;
+    [[nodiscard]] ColorValue ColorIn(std::wstring_view viewport) const;
+    /// Nothing takes the override away. eInvalidInput for ByLayer and ByBlock, and for an empty name.
+    Tolm::ErrorStatus SetOverrideColor(std::wstring_view viewport, const std::optional<ColorValue>& color);
+
+    // KvDbSymbolTableRecord
+    [[nodiscard]] Tolm::ErrorStatus getName(wchar_t*& name) const override;
+    [[nodiscard]] bool isDependent() const override;
     // KvDbLayerTableRecord
     [[nodiscard]] bool isLocked() const override;
+    [[nodiscard]] bool isFrozen() const override;
+    [[nodiscard]] bool isOff() const override;
+    [[nodiscard]] bool hasOverrides(KvDbObjectId viewport) const override;
 
     // Object
     [[nodiscard]] const wchar_t* ClassName() const override { return L"Layer"; }
@@ -55,6 +69,7 @@ private:
     bool m_external = false;
     std::wstring m_linetype = L"Continuous";
     std::wstring m_description;
+    TextPairs m_overrides;  // colour by viewport
 };
 
 }  // namespace kvhost

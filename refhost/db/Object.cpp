@@ -4,6 +4,7 @@
 
 #include "refhost/db/Database.h"
 #include "refhost/db/NameRules.h"
+#include "refhost/db/ReactorLink.h"
 #include "refhost/testing/ServiceCall.h"
 
 namespace kvhost {
@@ -48,6 +49,7 @@ Tolm::ErrorStatus Object::Open(KvDb::OpenMode mode) {
             if (m_readers > 0) {
                 return Tolm::eWasOpenForRead;
             }
+            LeavePreview();
             m_writing = true;
             return Tolm::eOk;
         case KvDb::kForNotify:
@@ -55,6 +57,12 @@ Tolm::ErrorStatus Object::Open(KvDb::OpenMode mode) {
             return Tolm::eOk;
     }
     return Tolm::eInvalidInput;
+}
+
+void Object::LeavePreview() {
+    if (m_database != nullptr) {
+        m_database->Undo().Preview().TakeBack();
+    }
 }
 
 Tolm::ErrorStatus Object::Close() {
@@ -88,6 +96,7 @@ Tolm::ErrorStatus Object::UpgradeOpen() {
     if (m_readers > 1) {
         return Tolm::eWasOpenForRead;
     }
+    LeavePreview();
     m_readers = 0;
     m_writing = true;
     return Tolm::eOk;
@@ -103,6 +112,41 @@ Tolm::ErrorStatus Object::CloseService() {
 Tolm::ErrorStatus Object::UpgradeOpenService() {
     ServiceCall call(L"upgradeOpen", Id());
     return call.Returns(call.Fails() ? Tolm::eWasOpenForRead : UpgradeOpen());
+}
+
+bool Object::IsWatchedBy(const KvDbObjectReactor* reactor) const {
+    return std::any_of(m_links.begin(), m_links.end(),
+                       [&](const std::unique_ptr<ReactorLink>& link) { return link->Leads(reactor); });
+}
+
+Tolm::ErrorStatus Object::AddReactorService(KvDbObjectReactor* reactor) const {
+    ServiceCall call(L"addReactor", Id());
+    if (m_readers == 0 && !m_writing && m_notified == 0) {
+        return call.Returns(Tolm::eNotOpenForRead);
+    }
+    if (call.Fails() || reactor == nullptr || IsWatchedBy(reactor)) {
+        return call.Returns(Tolm::eInvalidInput);
+    }
+    m_links.push_back(std::make_unique<ReactorLink>(*reactor));
+    m_reactors.push_back(m_links.back().get());
+    return call.Returns(Tolm::eOk);
+}
+
+Tolm::ErrorStatus Object::RemoveReactorService(KvDbObjectReactor* reactor) const {
+    ServiceCall call(L"removeReactor", Id());
+    if (m_readers == 0 && !m_writing && m_notified == 0) {
+        return call.Returns(Tolm::eNotOpenForRead);
+    }
+    const auto link = std::find_if(
+        m_links.begin(), m_links.end(),
+        [&](const std::unique_ptr<ReactorLink>& candidate) { return candidate->Leads(reactor); });
+    if (link == m_links.end()) {
+        return call.Returns(Tolm::eInvalidInput);
+    }
+    // Removed even when it is told to fail: the reactor is about to die.
+    std::erase(m_reactors, link->get());
+    m_links.erase(link);
+    return call.Returns(call.Fails() ? Tolm::eInvalidInput : Tolm::eOk);
 }
 
 Tolm::ErrorStatus Object::CanChange() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <string_view>
@@ -13,6 +14,7 @@ namespace kvhost {
 
 class Database;
 class ObjectReactor;
+class ReactorLink;
 
 /// What every object of a database has, whatever its class: identity, open state, change record and the state
 /// of its named properties. The concrete class joins it with the host interface that plug-ins see
@@ -71,6 +73,7 @@ public:
 
     void AddReactor(ObjectReactor* reactor);
     void RemoveReactor(ObjectReactor* reactor);
+    [[nodiscard]] bool IsWatchedBy(const KvDbObjectReactor* reactor) const;
 
     /// Shows every stored field; see FieldVisitor.
     void VisitAllFields(FieldVisitor& visitor);
@@ -80,6 +83,8 @@ public:
     // Bodies of the services that plug-ins call, with journal and faults.
     Tolm::ErrorStatus CloseService();
     Tolm::ErrorStatus UpgradeOpenService();
+    Tolm::ErrorStatus AddReactorService(KvDbObjectReactor* reactor) const;
+    Tolm::ErrorStatus RemoveReactorService(KvDbObjectReactor* reactor) const;
 
 protected:
     /// Shows the stored fields of the class; overrides call the base first.
@@ -111,6 +116,8 @@ private:
     friend class RecordReader;
 
     [[nodiscard]] Tolm::ErrorStatus Open(KvDb::OpenMode mode);
+    /// A write that is none of the preview's begins with what the drawing really holds.
+    void LeavePreview();
 
     KvDbStub* m_stub = nullptr;
     KvDbStub* m_owner = nullptr;
@@ -124,7 +131,9 @@ private:
     TextPairs m_customAttributes;
     std::set<std::wstring, std::less<>> m_unspecified;
     std::map<std::wstring, std::wstring, std::less<>> m_expressions;
-    std::vector<ObjectReactor*> m_reactors;
+    // Reactors are no part of the object's state.
+    mutable std::vector<ObjectReactor*> m_reactors;
+    mutable std::vector<std::unique_ptr<ReactorLink>> m_links;  // each is among m_reactors
 };
 
 }  // namespace kvhost

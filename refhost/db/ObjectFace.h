@@ -19,6 +19,12 @@ public:
     [[nodiscard]] bool isErased() const override { return Body::IsErased(); }
     Tolm::ErrorStatus close() override { return Body::CloseService(); }
     Tolm::ErrorStatus upgradeOpen() override { return Body::UpgradeOpenService(); }
+    Tolm::ErrorStatus addReactor(KvDbObjectReactor* reactor) const override {
+        return Body::AddReactorService(reactor);
+    }
+    Tolm::ErrorStatus removeReactor(KvDbObjectReactor* reactor) const override {
+        return Body::RemoveReactorService(reactor);
+    }
 
     // Object
     [[nodiscard]] KvDbObject* DbObject() override { return this; }

@@ -47,6 +47,11 @@ Tolm::ErrorStatus Settings::SetCurrentLayer(KvDbObjectId layer) {
     return Change(m_currentLayer, layer);
 }
 
+Tolm::ErrorStatus Settings::SetCurrentViewport(std::wstring_view name) {
+    const bool isKnown = name.empty() || !GetDatabase()->ViewportNamed(name).isNull();
+    return isKnown ? ChangeText(m_currentViewport, name) : Tolm::eInvalidInput;
+}
+
 void Settings::VisitFields(FieldVisitor& visitor) {
     visitor.Integer("linearUnits", m_linearUnits, 2);
     visitor.Integer("linearPrecision", m_linearPrecision, 4);
@@ -55,6 +60,7 @@ void Settings::VisitFields(FieldVisitor& visitor) {
     visitor.OptionalNumber("angleBase", m_angleBase, 0);
     visitor.Integer("angleDirection", m_angleDirection, 0);
     visitor.Symbol("currentLayer", SymbolKind::Layer, m_currentLayer);
+    visitor.Text("currentViewport", m_currentViewport, L"");
 }
 
 std::wstring Settings::Complaint() const {

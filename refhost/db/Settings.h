@@ -40,6 +40,11 @@ public:
     /// eInvalidInput for what is no layer, eNotAllowed for a frozen or external one.
     Tolm::ErrorStatus SetCurrentLayer(KvDbObjectId layer);
 
+    /// Name of the viewport in which the drawing is worked on; empty in the model without one.
+    [[nodiscard]] const std::wstring& CurrentViewport() const { return m_currentViewport; }
+    /// eInvalidInput for a name that no viewport has.
+    Tolm::ErrorStatus SetCurrentViewport(std::wstring_view name);
+
     // Object
     [[nodiscard]] const wchar_t* ClassName() const override { return L"Settings"; }
     [[nodiscard]] std::wstring Complaint() const override;
@@ -59,6 +64,7 @@ private:
     double m_angleBase = 0;
     std::int32_t m_angleDirection = 0;
     KvDbObjectId m_currentLayer;
+    std::wstring m_currentViewport;
 };
 
 }  // namespace kvhost

@@ -20,7 +20,7 @@ void SwapNotice::Send() const {
         if (object.IsErased() != before.erased) {
             object.GetDatabase()->NotifyErased(object, object.IsErased());
         } else {
-            object.GetDatabase()->NotifyModified(object);
+            object.GetDatabase()->NotifyUndone(object);
         }
     }
 }

@@ -37,6 +37,10 @@ Tolm::ErrorStatus UndoController::undoGroup(int code, const wchar_t* text) {
 }
 
 Tolm::ErrorStatus UndoController::BeginGroup(const wchar_t* text) {
+    if (m_preview.IsRecording()) {
+        return Tolm::eOk;
+    }
+    m_preview.TakeBack();
     if (m_depth == 0) {
         EndLooseStep();
         m_open.text = text != nullptr ? text : L"";
@@ -46,6 +50,9 @@ Tolm::ErrorStatus UndoController::BeginGroup(const wchar_t* text) {
 }
 
 Tolm::ErrorStatus UndoController::EndGroup() {
+    if (m_preview.IsRecording()) {
+        return Tolm::eOk;
+    }
     if (m_depth == 0) {
         return Tolm::eInvalidInput;
     }
@@ -56,15 +63,19 @@ Tolm::ErrorStatus UndoController::EndGroup() {
 }
 
 void UndoController::NoteBefore(const Object& object) {
-    m_open.changes.NoteBefore(object);
+    Recorder().NoteBefore(object);
 }
 
 void UndoController::NoteCreated(const Object& object) {
-    m_open.changes.NoteCreated(object);
+    Recorder().NoteCreated(object);
+}
+
+ChangeSet& UndoController::Recorder() {
+    return m_preview.IsRecording() ? m_preview.m_changes : m_open.changes;
 }
 
 void UndoController::EndLooseStep() {
-    if (m_depth == 0) {
+    if (m_depth == 0 && !m_preview.IsRecording()) {
         FinishStep(false);
     }
 }
@@ -102,9 +113,10 @@ Tolm::ErrorStatus UndoController::RedoByUser(int count) {
 
 Tolm::ErrorStatus UndoController::Move(std::vector<Step>& from, std::vector<Step>& to, int count,
                                        bool passOverEmpty) {
-    if (m_depth > 0 || count < 1) {
+    if (m_depth > 0 || count < 1 || m_preview.IsRecording()) {
         return Tolm::eInvalidInput;
     }
+    m_preview.TakeBack();
     EndLooseStep();
     std::size_t steps = 0;
     for (int counted = 0; counted < count; ++steps) {

@@ -6,6 +6,7 @@
 
 #include "host_sdk/KvDbUndoController.h"
 #include "refhost/db/ChangeSet.h"
+#include "refhost/db/PreviewRecord.h"
 
 namespace kvhost {
 
@@ -47,6 +48,11 @@ public:
     /// Forgets all steps.
     void Clear();
 
+    /// Changes that are shown and not made. While it records there are no steps: groups are let through
+    /// without effect and undo is refused. A group, an undo, an open for write and a new object from
+    /// elsewhere take it back first, so that they begin with the drawing's true state.
+    [[nodiscard]] PreviewRecord& Preview() { return m_preview; }
+
 private:
     friend class Database;
     struct Step {
@@ -57,6 +63,8 @@ private:
 
     void NoteBefore(const Object& object);
     void NoteCreated(const Object& object);
+    /// Where changes are noted now.
+    [[nodiscard]] ChangeSet& Recorder();
     /// Ends the step of a single open; nothing within a group.
     void EndLooseStep();
     void FinishStep(bool keepEmpty);
@@ -65,6 +73,7 @@ private:
     std::vector<Step> m_undo;
     std::vector<Step> m_redo;
     Step m_open;
+    PreviewRecord m_preview;
     int m_depth = 0;
     std::uint64_t m_lastStamp = 0;
     std::uint64_t m_firstStamp = 0;

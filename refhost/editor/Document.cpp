@@ -2,6 +2,7 @@
 
 #include "refhost/db/DrawingFile.h"
 #include "refhost/editor/DocumentManager.h"
+#include "refhost/editor/EditorState.h"
 #include "refhost/editor/Host.h"
 #include "refhost/testing/ServiceCall.h"
 
@@ -29,6 +30,16 @@ bool Document::isQuiescent() const {
     return call.Returns(!call.Fails() && m_quiescent);
 }
 
+bool Document::allowsLivePreview() const {
+    ServiceCall call(L"allowsLivePreview");
+    return call.Returns(!call.Fails() && AllowsLivePreview());
+}
+
+bool Document::AllowsLivePreview() const {
+    const Host* const host = Host::Current();
+    return m_quiescent && !m_closing && host != nullptr && !host->Editor().IsDragging();
+}
+
 Document* Document::Of(const KvDbDatabase* database) {
     Host* const host = Host::Current();
     if (host != nullptr && database != nullptr) {
@@ -54,6 +65,7 @@ std::wstring Document::Save() {
 }
 
 std::wstring Document::SaveAs(const std::wstring& path) {
+    m_database->Undo().Preview().TakeBack();  // what is only shown is not saved
     std::wstring error = WriteDrawing(*m_database, path);
     if (error.empty()) {
         m_path = path;

@@ -22,6 +22,7 @@ public:
     // KvApDocument, with journal and faults.
     [[nodiscard]] KvDbDatabase* database() const override;
     [[nodiscard]] bool isQuiescent() const override;
+    [[nodiscard]] bool allowsLivePreview() const override;
 
     /// The document of the host's that has this database; null when none has.
     [[nodiscard]] static Document* Of(const KvDbDatabase* database);
@@ -42,6 +43,7 @@ public:
 
     [[nodiscard]] bool IsQuiescent() const { return m_quiescent; }
     void SetQuiescent(bool quiescent) { m_quiescent = quiescent; }
+    [[nodiscard]] bool AllowsLivePreview() const;
     /// What `database()` gives plug-ins while the document is being closed is null.
     void SetClosing(bool closing) { m_closing = closing; }
 

@@ -5,6 +5,7 @@
 #include "refhost/db/DrawingFile.h"
 #include "refhost/db/UndoController.h"
 #include "refhost/editor/Host.h"
+#include "refhost/editor/LivePreview.h"
 #include "refhost/testing/ServiceCall.h"
 
 namespace kvhost {
@@ -77,6 +78,9 @@ void DocumentManager::Remove(Document& document) {
     Host* const host = Host::Current();
     if (host != nullptr && host->m_workingDatabase == &document.GetDatabase()) {
         host->m_workingDatabase = nullptr;
+    }
+    if (host != nullptr) {
+        host->Preview().End(document);
     }
     document.SetClosing(true);
     const std::unique_ptr<Document> closing = std::move(*found);

@@ -1,6 +1,7 @@
 #include "framework/base/WindowsApi.h"
 #include "host_sdk/KvEdServices.h"
 #include "refhost/db/Database.h"
+#include "refhost/editor/DocumentManager.h"
 #include "refhost/editor/EditorState.h"
 #include "refhost/editor/Host.h"
 #include "refhost/testing/ServiceCall.h"
@@ -44,6 +45,27 @@ bool kvedIsLivePreviewStarted() {
 bool kvedIsLivePreviewRecording() {
     ServiceCall call(L"kvedIsLivePreviewRecording");
     return Answer(call, [](const EditorState& editor) { return editor.IsPreviewRecording(); });
+}
+
+HWND kvedGetPaletteWnd(int palette) {
+    ServiceCall call(L"kvedGetPaletteWnd", palette);
+    const EditorState* const editor = call.Fails() ? nullptr : Editor();
+    HWND const window = editor != nullptr ? editor->PaletteWindow(palette) : nullptr;
+    call.Returns(window != nullptr);
+    return window;
+}
+
+KvDbObjectId kvedGetCurViewportObjectId() {
+    ServiceCall call(L"kvedGetCurViewportObjectId");
+    Host* const host = call.Fails() ? nullptr : Host::Current();
+    const kvhost::Document* const document = host != nullptr ? host->Documents().Current() : nullptr;
+    return call.Returns(document != nullptr ? document->GetDatabase().CurrentViewport() : KvDbObjectId());
+}
+
+COLORREF kvedGetVpOvrBackgColorValue() {
+    ServiceCall call(L"kvedGetVpOvrBackgColorValue");
+    const EditorState* const editor = call.Fails() ? nullptr : Editor();
+    return call.Returns(editor != nullptr ? editor->ViewportOverrideColor() : ::GetSysColor(COLOR_WINDOW));
 }
 
 // The services without result do their work even when they are told to fail: they have no way to say so.

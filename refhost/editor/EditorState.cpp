@@ -46,6 +46,11 @@ bool EditorState::IsInCommand(unsigned classes) const {
                        [&](const Command& command) { return (command.classes & classes) != 0; });
 }
 
+HWND EditorState::PaletteWindow(int palette) const {
+    const auto found = m_palettes.find(palette);
+    return found != m_palettes.end() ? found->second : nullptr;
+}
+
 void EditorState::EnableUserBreak() {
     m_userBreakDisabled = std::max(0, m_userBreakDisabled - 1);
 }

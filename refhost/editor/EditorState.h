@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "framework/base/WindowsApi.h"
 #include "host_sdk/Export.h"
 
 namespace kvhost {
@@ -40,6 +41,14 @@ public:
     [[nodiscard]] bool IsPreviewRecording() const { return m_previewRecording; }
     void SetPreviewRecording(bool recording) { m_previewRecording = recording; }
 
+    // Windows of the palettes, registered by who makes them; null for none. Not owned.
+    [[nodiscard]] HWND PaletteWindow(int palette) const;
+    void SetPaletteWindow(int palette, HWND window) { m_palettes[palette] = window; }
+
+    /// Background of what looks otherwise in the current viewport.
+    [[nodiscard]] COLORREF ViewportOverrideColor() const { return m_viewportOverrideColor; }
+    void SetViewportOverrideColor(COLORREF color) { m_viewportOverrideColor = color; }
+
     void DisableUserBreak() { ++m_userBreakDisabled; }
     void EnableUserBreak();
     [[nodiscard]] int UserBreakDisabled() const { return m_userBreakDisabled; }
@@ -55,6 +64,8 @@ private:
 
     std::map<std::wstring, int, std::less<>> m_marks;
     std::vector<Command> m_commands;
+    std::map<int, HWND> m_palettes;
+    COLORREF m_viewportOverrideColor = RGB(198, 226, 245);
     int m_looseEnds = 0;
     int m_userBreakDisabled = 0;
     int m_promptsPosted = 0;

@@ -4,6 +4,8 @@
 #include "refhost/editor/DocumentManager.h"
 #include "refhost/editor/EditorState.h"
 #include "refhost/editor/HostSession.h"
+#include "refhost/editor/LivePreview.h"
+#include "refhost/editor/LivePreviewContexts.h"
 #include "refhost/editor/SelectionSets.h"
 #include "refhost/editor/SystemVariables.h"
 
@@ -11,6 +13,8 @@ namespace kvhost {
 
 Host::Host()
     : m_editor(std::make_unique<EditorState>()),
+      m_preview(std::make_unique<LivePreview>(*m_editor)),
+      m_previewContexts(std::make_unique<LivePreviewContexts>()),
       m_documents(std::make_unique<DocumentManager>()),
       m_sets(std::make_unique<SelectionSets>()),
       m_variables(std::make_unique<SystemVariables>()) {

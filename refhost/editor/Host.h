@@ -12,6 +12,8 @@ class Database;
 class DocumentManager;
 class EditorState;
 class HostServices;
+class LivePreview;
+class LivePreviewContexts;
 class SelectionSets;
 class SystemVariables;
 
@@ -24,6 +26,9 @@ public:
 
     [[nodiscard]] DocumentManager& Documents() { return *m_documents; }
     [[nodiscard]] EditorState& Editor() { return *m_editor; }
+    [[nodiscard]] const EditorState& Editor() const { return *m_editor; }
+    [[nodiscard]] LivePreview& Preview() { return *m_preview; }
+    [[nodiscard]] LivePreviewContexts& PreviewContexts() { return *m_previewContexts; }
     [[nodiscard]] SelectionSets& Sets() { return *m_sets; }
     [[nodiscard]] SystemVariables& Variables() { return *m_variables; }
 
@@ -51,6 +56,8 @@ private:
     void StopServices();
 
     std::unique_ptr<EditorState> m_editor;
+    std::unique_ptr<LivePreview> m_preview;
+    std::unique_ptr<LivePreviewContexts> m_previewContexts;
     std::unique_ptr<DocumentManager> m_documents;
     std::unique_ptr<SelectionSets> m_sets;
     std::unique_ptr<SystemVariables> m_variables;

@@ -54,6 +54,16 @@ Tolm::ErrorStatus WriteCurrentLayer(Database& database, const VariableValue& val
                     : settings.Status();
 }
 
+VariableValue ReadCurrentViewport(const Host& host) {
+    const Database* const database = host.WorkingDatabase();
+    return database != nullptr ? database->GetSettings().CurrentViewport() : std::wstring();
+}
+
+Tolm::ErrorStatus WriteCurrentViewport(Database& database, const VariableValue& value) {
+    const ScopedOpen<Settings> settings(database.SettingsId(), KvDb::kForWrite);
+    return settings ? settings->SetCurrentViewport(std::get<std::wstring>(value)) : settings.Status();
+}
+
 const Document* CurrentDocument(const Host& host) {
     return const_cast<Host&>(host).Documents().Current();
 }
@@ -109,6 +119,7 @@ const std::array s_variables{
     Variable{L"ROWCONTROLS", std::wstring(), 0, 0},
     Variable{L"TEXTSIZE", 2.5, 1e-6, c_largeReal},
     Variable{L"USERNAME", std::wstring(), 0, 0},
+    Variable{L"VIEWPORT", std::wstring(), 0, 0, ReadCurrentViewport, WriteCurrentViewport},
 };
 
 const Variable* FindVariable(std::wstring_view name) {

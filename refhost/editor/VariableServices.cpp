@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host_sdk/KvRxVariablesDictionary.h"
 #include "refhost/editor/Host.h"
 #include "refhost/editor/SystemVariables.h"
 #include "refhost/testing/ServiceCall.h"
@@ -82,4 +83,14 @@ int kvedSetVar(const wchar_t* name, const resbuf* value) {
         return call.Returns(KVED_RTERROR);
     }
     return call.Returns(KVED_RTNORM);
+}
+
+bool KvRxVariablesDictionary::getBool(const wchar_t* name, bool otherwise) {
+    ServiceCall call(L"getBool", name);
+    Host* const host = call.Fails() ? nullptr : Host::Current();
+    VariableValue value;
+    const bool isKnown = host != nullptr && name != nullptr &&
+                         host->Variables().Get(name, value) == SystemVariables::Outcome::Done;
+    const int* const integer = std::get_if<int>(&value);
+    return call.Returns(isKnown && integer != nullptr ? *integer != 0 : otherwise);
 }

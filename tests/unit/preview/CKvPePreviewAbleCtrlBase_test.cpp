@@ -28,7 +28,7 @@ TEST_F(CKvPePreviewAbleCtrlBase_Updates, NothingRecords_LeavesTheEventToThePalet
     EXPECT_EQ(row.Handle_OnBeginPropertyUpdate(handled), 0);
     EXPECT_EQ(row.Handle_OnEndPropertyUpdate(handled), 0);
     EXPECT_EQ(handled, 0);
-    EXPECT_CALLS(journal, "kvedIsLivePreviewRecording -> 0", "kvedIsLivePreviewRecording -> 0");
+    EXPECT_CALLS(journal, "kvedIsLivePreviewRecording", "kvedIsLivePreviewRecording");
 }
 
 TEST_F(CKvPePreviewAbleCtrlBase_Updates, NothingRecords_LeavesTheFlagAlone) {
@@ -48,9 +48,8 @@ TEST_F(CKvPePreviewAbleCtrlBase_Updates, HostRecords_BracketsThePreviewWithItsOw
     EXPECT_EQ(row.Handle_OnEndPropertyUpdate(handled), 0);
     EXPECT_EQ(handled, 1);
     EXPECT_EQ(host->Editor().OpenMarks(), 0);
-    EXPECT_CALLS(journal, "kvedIsLivePreviewRecording -> 1",
-                 "kvedSendModelessOperationStart ZRB_CHGPROP_PREVIEW", "kvedIsLivePreviewRecording -> 1",
-                 "kvedSendModelessOperationEnded ZRB_CHGPROP_PREVIEW");
+    EXPECT_CALLS(journal, "kvedIsLivePreviewRecording", "kvedSendModelessOperationStart ZRB_CHGPROP_PREVIEW",
+                 "kvedIsLivePreviewRecording", "kvedSendModelessOperationEnded ZRB_CHGPROP_PREVIEW");
 }
 
 TEST(CKvPePreviewAbleCtrlBase, HasNoFields) {

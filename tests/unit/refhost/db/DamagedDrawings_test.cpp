@@ -82,10 +82,7 @@ std::size_t HandlePosition(const std::string& block) {
 class CountingSink final : public kvhost::GeometrySink {
 public:
     void Path(std::span<const kvhost::Point3> /*points*/, bool /*closed*/) override { ++count; }
-    void Text(const kvhost::Point3& /*position*/, double /*height*/, double /*rotation*/,
-              const std::wstring& /*content*/) override {
-        ++count;
-    }
+    void Text(const kvhost::TextLine& /*line*/) override { ++count; }
     void Dot(const kvhost::Point3& /*position*/) override { ++count; }
     std::size_t count = 0;
 };

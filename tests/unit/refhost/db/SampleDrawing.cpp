@@ -174,7 +174,7 @@ void EditShape(kvhost::Entity& entity, std::mt19937_64& random) {
 
 void EditLayerAtRandom(Database& database, std::mt19937_64& random) {
     const ScopedOpen<kvhost::Layer> layer(AnyLayer(database, random), KvDb::kForWrite);
-    switch (Below(4, random)) {
+    switch (Below(5, random)) {
         case 0:
             layer->SetName(L"Name " + std::to_wstring(Below(30, random)));
             break;
@@ -183,6 +183,10 @@ void EditLayerAtRandom(Database& database, std::mt19937_64& random) {
             break;
         case 2:
             layer->SetFrozen(!layer->IsFrozen());
+            break;
+        case 3:
+            layer->SetOverrideColor(
+                L"Plan", layer->HasOverrides(L"Plan") ? std::nullopt : std::optional(ColorValue::OfIndex(5)));
             break;
         default:
             layer->Erase(true);
@@ -200,7 +204,11 @@ std::unique_ptr<Database> MakeSampleDrawing() {
         layer->SetColor(ColorValue::OfIndex(3));
         layer->SetDescription(L"what stands");
         layer->SetLocked(true);
+        layer->SetOverrideColor(L"Plan", ColorValue::OfRgb(1, 2, 3));
     }
+    KvDbObjectId plan;
+    static_cast<void>(database->AddViewport(L"Plan", plan));
+    ScopedOpen<kvhost::Settings>(database->SettingsId(), KvDb::kForWrite)->SetCurrentViewport(L"Plan");
     ScopedOpen<kvhost::Settings>(database->SettingsId(), KvDb::kForWrite)->SetCurrentLayer(walls);
     AddCurves(*database);
     AddTexts(*database);

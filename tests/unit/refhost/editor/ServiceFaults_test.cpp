@@ -11,11 +11,14 @@
 #include "host_sdk/KvDbHostApplicationServices.h"
 #include "host_sdk/KvDbLayerTableRecord.h"
 #include "host_sdk/KvDbUndoController.h"
+#include "host_sdk/KvEdLivePreview.h"
 #include "host_sdk/KvEdSelection.h"
 #include "host_sdk/KvEdServices.h"
 #include "host_sdk/KvEdVariables.h"
+#include "host_sdk/KvRxVariablesDictionary.h"
 #include "refhost/db/Layer.h"
 #include "refhost/db/Line.h"
+#include "refhost/db/Settings.h"
 #include "refhost/db/WorkingSet.h"
 #include "refhost/editor/DocumentManager.h"
 #include "refhost/editor/EditorState.h"
@@ -64,10 +67,22 @@ struct Scene {
         session->Sets().Make({line}, set);
         kvhost::SelectionSets::NameOf(line, entity);
         document.GetSelection().Pick({line});
-        ScopedOpen<kvhost::Layer>(layer, KvDb::kForWrite)->SetLocked(true);
+        session->Editor().SetPaletteWindow(KVED_SECOND_PALETTE, ::GetDesktopWindow());
+        KvDbObjectId viewport;
+        EXPECT_EQ(database.AddViewport(L"Plan", viewport), Tolm::eOk);
+        ScopedOpen<kvhost::Settings>(database.SettingsId(), KvDb::kForWrite)->SetCurrentViewport(L"Plan");
+        const ScopedOpen<kvhost::Layer> record(layer, KvDb::kForWrite);
+        record->SetLocked(true);
+        record->SetFrozen(true);
+        record->SetOn(false);
+        record->SetExternal(true);
     }
     ~Scene() { session->SetApplicationObject(originalApplication); }
 };
+
+const kvhost::Layer& PeekLayer(const Scene& scene) {
+    return *Database::PeekAs<kvhost::Layer>(scene.layer);
+}
 
 KvDbObject* OpenObject(KvDbObjectId id) {
     KvDbObject* object = nullptr;
@@ -102,6 +117,24 @@ std::vector<Service> DatabaseServices() {
          [](Scene& scene) { return scene.session->Documents().curDocument() != nullptr; }},
         {L"database", L"database", [](Scene& scene) { return scene.document.database() != nullptr; }},
         {L"isQuiescent", L"isQuiescent", [](Scene& scene) { return scene.document.isQuiescent(); }},
+        {L"allowsLivePreview", L"allowsLivePreview",
+         [](Scene& scene) {
+             scene.session->Editor().SetDragging(false);
+             return scene.document.allowsLivePreview();
+         }},
+        {L"layerTableId", L"layerTableId",
+         [](Scene& scene) { return !scene.database.layerTableId().isNull(); }},
+        {L"isFrozen", L"isFrozen 10", [](Scene& scene) { return PeekLayer(scene).isFrozen(); }},
+        {L"isOff", L"isOff 10", [](Scene& scene) { return PeekLayer(scene).isOff(); }},
+        {L"isDependent", L"isDependent 10", [](Scene& scene) { return PeekLayer(scene).isDependent(); }},
+        {L"getBool", L"getBool PROPERTYPREVIEW",
+         [](Scene&) { return KvRxVariablesDictionary::getBool(L"PROPERTYPREVIEW", false); }},
+        {L"kvedGetPaletteWnd", L"kvedGetPaletteWnd 1",
+         [](Scene&) { return kvedGetPaletteWnd(KVED_SECOND_PALETTE) != nullptr; }},
+        {L"kvedGetCurViewportObjectId", L"kvedGetCurViewportObjectId",
+         [](Scene&) { return !kvedGetCurViewportObjectId().isNull(); }},
+        {L"kvedLivePreviewContextManager", L"kvedLivePreviewContextManager",
+         [](Scene&) { return kvedLivePreviewContextManager() != nullptr; }},
         {L"undoController", L"undoController",
          [](Scene& scene) { return scene.database.undoController() != nullptr; }},
         {L"undoGroup", L"undoGroup 8 Change property",

@@ -321,11 +321,16 @@ TEST(ClassSlots, DocumentAndManager) {
         KvDbDatabase* drawing = nullptr;
         KvDbDatabase* database() const override { return drawing; }
         bool isQuiescent() const override { return true; }
+        bool allowsLivePreview() const override { return previews; }
+        bool previews = true;
     } document;
     int somewhere = 0;
     document.drawing = reinterpret_cast<KvDbDatabase*>(&somewhere);
     EXPECT_EQ(CallClassSlot<void*>(&document, 10), &somewhere);
     EXPECT_TRUE(CallClassSlot<bool>(&document, 14));
+    EXPECT_TRUE(CallClassSlot<bool>(&document, 15));
+    document.previews = false;
+    EXPECT_FALSE(CallClassSlot<bool>(&document, 15));
 
     struct Manager final : KvApDocManager {
         KvApDocument* current = nullptr;

@@ -1,0 +1,20 @@
+#include "refhost/db/PreviewRecord.h"
+
+#include <utility>
+
+#include "refhost/db/SwapNotice.h"
+
+namespace kvhost {
+
+void PreviewRecord::TakeBack() {
+    if (m_recording || m_changes.IsEmpty()) {
+        return;
+    }
+    ChangeSet changes = std::exchange(m_changes, {});
+    SwapNotice notice;
+    notice.Add(changes);
+    changes.Swap();
+    notice.Send();
+}
+
+}  // namespace kvhost
