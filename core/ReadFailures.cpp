@@ -43,6 +43,10 @@ bool IsDisagreementOfParts(SCODE code, IDispatch* object) {
 
 }  // namespace
 
+bool IsMissingValueFailure(HRESULT result, SCODE exceptionCode, IDispatch* object, long dispid) {
+    return result == DISP_E_EXCEPTION && object != nullptr && IsMissingValue(exceptionCode, object, dispid);
+}
+
 bool IsToleratedReadFailure(HRESULT result, SCODE exceptionCode, IDispatch* object, long dispid,
                             ValueType& type) {
     if (result != DISP_E_EXCEPTION || object == nullptr) {

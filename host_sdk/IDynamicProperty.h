@@ -12,7 +12,8 @@ struct IDynamicProperty : IUnknown {
     virtual HRESULT STDMETHODCALLTYPE IsPropertyReadOnly(BOOL* readOnly) = 0;
     KV_RESERVED_SLOT(7)
     KV_RESERVED_SLOT(8)
-    KV_RESERVED_SLOT(9)
+    /// The type in which values are stored, for editors that must know it before they write one.
+    virtual HRESULT STDMETHODCALLTYPE GetCurrentValueType(VARTYPE* type) = 0;
     /// A null id is allowed: the property is then asked for an object that has none.
     virtual HRESULT STDMETHODCALLTYPE GetCurrentValueData(KvDbObjectId object, VARIANT* value) = 0;
     virtual HRESULT STDMETHODCALLTYPE SetCurrentValueData(KvDbObjectId object, VARIANT value) = 0;

@@ -10,7 +10,8 @@ struct IDynamicPropertyByObject : IUnknown {
     virtual HRESULT STDMETHODCALLTYPE IsPropertyReadOnly(BOOL* readOnly) = 0;
     KV_RESERVED_SLOT(7)
     KV_RESERVED_SLOT(8)
-    KV_RESERVED_SLOT(9)
+    /// The type in which values are stored, for editors that must know it before they write one.
+    virtual HRESULT STDMETHODCALLTYPE GetCurrentValueType(VARTYPE* type) = 0;
     virtual HRESULT STDMETHODCALLTYPE GetCurrentValueData(IUnknown* object, VARIANT* value) = 0;
     virtual HRESULT STDMETHODCALLTYPE SetCurrentValueData(IUnknown* object, VARIANT value) = 0;
 };

@@ -149,6 +149,14 @@ STDMETHODIMP DynamicAttribute::IsPropertyReadOnly(BOOL* readOnly) {
     return call.ReturnsCode(S_OK);
 }
 
+STDMETHODIMP DynamicAttribute::GetCurrentValueType(VARTYPE* type) {
+    RETURN_IF_NULL_POINTER(type);
+    ServiceCall call(L"GetCurrentValueType", m_name);
+    RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
+    *type = VT_BSTR;
+    return call.ReturnsCode(S_OK);
+}
+
 HRESULT DynamicAttribute::Read(KvDbObjectId id, VARIANT* value) {
     RETURN_IF_NULL_POINTER(value);
     ::VariantInit(value);

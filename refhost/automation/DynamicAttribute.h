@@ -69,6 +69,7 @@ public:
 
     // IDynamicPropertyByObject and IDynamicProperty
     STDMETHODIMP IsPropertyReadOnly(BOOL* readOnly) override;
+    STDMETHODIMP GetCurrentValueType(VARTYPE* type) override;
     STDMETHODIMP GetCurrentValueData(IUnknown* object, VARIANT* value) override;
     STDMETHODIMP SetCurrentValueData(IUnknown* object, VARIANT value) override;
     STDMETHODIMP GetCurrentValueData(KvDbObjectId object, VARIANT* value) override;

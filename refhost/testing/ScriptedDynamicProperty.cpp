@@ -132,6 +132,14 @@ HRESULT ScriptedDynamicProperty::Put(const std::wstring& subject, const VARIANT&
     return result;
 }
 
+STDMETHODIMP ScriptedDynamicProperty::GetCurrentValueType(VARTYPE* type) {
+    RETURN_IF_NULL_POINTER(type);
+    RETURN_IF_FAILED_EXPECTED(script.Begin(L"GetCurrentValueType"));
+    RETURN_HR_IF(E_NOTIMPL, !shared.valueType);
+    *type = *shared.valueType;
+    return S_OK;
+}
+
 STDMETHODIMP ScriptedDynamicProperty::GetCurrentValueData(IUnknown* object, VARIANT* value) {
     return Get(ScriptedObject::NameOf(object), value);
 }

@@ -62,7 +62,8 @@ public:
     std::optional<Tolm::ErrorStatus> editableThrows;
     BOOL shown = TRUE;
 
-    BOOL readOnly = FALSE;  ///< of a dynamic property
+    std::optional<VARTYPE> valueType;  ///< of a dynamic property; absent: E_NOTIMPL
+    BOOL readOnly = FALSE;             ///< of a dynamic property
     HRESULT readOnlyResult = S_OK;
 
     CLSID page{};  ///< of the property's dialog

@@ -108,6 +108,15 @@ TEST_F(DynamicAttributeTest, ReadOnlyKind_SaysSoAndRefuses) {
     fw::ClearErrorInfo();
 }
 
+TEST_F(DynamicAttributeTest, CurrentValueType_IsText) {
+    const KvDbObjectId id = AddWith(L"Note", L"1");
+    const auto property = PropertyOf(id).As<IDynamicProperty>();
+    VARTYPE type = VT_EMPTY;
+    EXPECT_EQ(property->GetCurrentValueType(&type), S_OK);
+    EXPECT_EQ(type, VT_BSTR);
+    EXPECT_EQ(property->GetCurrentValueType(nullptr), E_POINTER);
+}
+
 TEST_F(DynamicAttributeTest, OtherValueTypes_BecomeText) {
     const KvDbObjectId id = AddWith(L"POP", L"1");
     const auto property = PropertyOf(id).As<IDynamicProperty>();

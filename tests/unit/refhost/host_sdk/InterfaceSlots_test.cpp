@@ -128,24 +128,28 @@ TEST_F(InterfaceSlotsTest, GraphicalObjectUpdate) {
 TEST_F(InterfaceSlotsTest, DynamicProperty) {
     const auto raw = PropertyAs<IDynamicProperty>();
     long count = 0;
-    ExpectReserved(raw.Get(), {5, 7, 8, 9});
+    VARTYPE type = VT_EMPTY;
+    ExpectReserved(raw.Get(), {5, 7, 8});
     CallSlot(raw.Get(), 3, &count);
     CallSlot(raw.Get(), 4, 0L, m_text.Put());
     CallSlot(raw.Get(), 6, &m_bool);
+    CallSlot(raw.Get(), 9, &type);
     CallSlot(raw.Get(), 10, KvDbObjectId(), m_value.Put());
     CallSlot(raw.Get(), 11, KvDbObjectId(), m_key);
     EXPECT_CALLS(m_journal, "GetPropertyNameCount P", "GetPropertyName P 0", "IsPropertyReadOnly P",
-                 "GetCurrentValueData P null", "SetCurrentValueData P null i4:5");
+                 "GetCurrentValueType P", "GetCurrentValueData P null", "SetCurrentValueData P null i4:5");
 }
 
 TEST_F(InterfaceSlotsTest, DynamicPropertyByObject) {
     const auto raw = PropertyAs<IDynamicPropertyByObject>();
     auto* const object = static_cast<IUnknown*>(static_cast<IDispatch*>(m_object.Get()));
-    ExpectReserved(raw.Get(), {3, 4, 5, 7, 8, 9});
+    VARTYPE type = VT_EMPTY;
+    ExpectReserved(raw.Get(), {3, 4, 5, 7, 8});
     CallSlot(raw.Get(), 6, &m_bool);
+    CallSlot(raw.Get(), 9, &type);
     CallSlot(raw.Get(), 10, object, m_value.Put());
     CallSlot(raw.Get(), 11, object, m_key);
-    EXPECT_CALLS(m_journal, "IsPropertyReadOnly P", "GetCurrentValueData P A",
+    EXPECT_CALLS(m_journal, "IsPropertyReadOnly P", "GetCurrentValueType P", "GetCurrentValueData P A",
                  "SetCurrentValueData P A i4:5");
 }
 
