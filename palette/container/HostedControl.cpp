@@ -43,6 +43,7 @@ HRESULT HostedControl::Create(const CLSID& classId, const std::wstring& rowName,
     HRESULT result = Connect();
     if (SUCCEEDED(result)) {
         m_identifier->SetName(rowName);
+        Configure(selection);
         result = TellElements(selection);
     }
     if (SUCCEEDED(result)) {
@@ -84,6 +85,17 @@ HRESULT HostedControl::Connect() {
     }
     fw::Ignore(m_object->SetHostNames(c_applicationName, nullptr));  // for titles of dialogs only
     return S_OK;
+}
+
+void HostedControl::Configure(const RowSelection& selection) {
+    const auto numericEditor = m_control.As<IKvPeNumericEditor>();
+    if (numericEditor && selection.numericType) {
+        fw::Ignore(
+            numericEditor->SetNumericDataType(*selection.numericType));  // not every row has all of them
+    }
+    if (const auto calculator = m_control.As<IKvPeCalculatorCtrl>()) {
+        fw::Ignore(calculator->SetCalculatorMode(VARIANT_TRUE));  // the row works without a calculator
+    }
 }
 
 HRESULT HostedControl::QuickActivate() {

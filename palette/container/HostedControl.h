@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "KvPEXCtl_h.h"
@@ -34,6 +35,8 @@ struct RowSelection {
     /// Keys of the elements of a group, for controls over grouped properties; empty for all others.
     fw::Variant cookies;
     bool readOnly = false;
+    /// What the property's number means; for controls that ask.
+    std::optional<KvPeNumericType> numericType;
 };
 
 /// One property control and the container's side of it: made by class id, placed in the palette, talked to by
@@ -87,6 +90,8 @@ public:
 private:
     HRESULT Connect();
     HRESULT TellElements(const RowSelection& selection);
+    /// What the control is told once, before its selection.
+    void Configure(const RowSelection& selection);
     HRESULT QuickActivate();
     HRESULT ActivateStepByStep();
     HRESULT Advise(REFIID id, DWORD& cookie);

@@ -11,6 +11,20 @@ namespace {
 
 constexpr wchar_t c_textControl[] = L"KvPePropertyEditorText";
 
+// The table tells what a number means; without a word it is a distance.
+std::optional<KvPeNumericType> NumericTypeOf(const kvhost::PropertyRow& row) {
+    if (row.type != VT_R8) {
+        return std::nullopt;
+    }
+    if ((row.flags & kvhost::PropertyAngle) != 0) {
+        return PE_TOLM_ANGLE;
+    }
+    if ((row.flags & kvhost::PropertyRawAngle) != 0) {
+        return PE_TOLM_RAW_ANGLE;
+    }
+    return (row.flags & kvhost::PropertyPlain) != 0 ? PE_TOLM_NOUNITS : PE_TOLM_DISTANCE;
+}
+
 }  // namespace
 
 std::vector<PaletteRow> RowSet::RowsFor(std::span<const KvDbObjectId> selection) {
@@ -72,6 +86,7 @@ HRESULT RowSet::SelectionOf(const kvhost::PropertyRow& row, RowSelection& select
         RETURN_IF_FAILED(
             fw::MakeLongArray(cookies.data(), static_cast<ULONG>(cookies.size()), selection.cookies));
     }
+    selection.numericType = NumericTypeOf(row);
     selection.readOnly = (row.flags & kvhost::PropertyReadOnly) != 0;
     return S_OK;
 }

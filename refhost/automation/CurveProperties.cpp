@@ -68,7 +68,7 @@ constexpr PropertyDescription c_lineRows[] = {
      ReadPoint<Line, &Line::EndPoint>, WritePoint<Line, &Line::SetEndPoint>},
     {213, L"Length", L"Length", c_geometry, VT_R8, controls::Length, PropertyReadOnly,
      ReadNumber<Line, &Line::Length>, nullptr},
-    {214, L"Angle", L"Angle", c_geometry, VT_R8, controls::Length, PropertyReadOnly,
+    {214, L"Angle", L"Angle", c_geometry, VT_R8, controls::Length, PropertyReadOnly | PropertyAngle,
      ReadNumber<Line, &Line::Angle>, nullptr},
 };
 
@@ -77,12 +77,12 @@ constexpr PropertyDescription c_arcRows[] = {
      WritePoint<Arc, &Arc::SetCenter>},
     {222, L"Radius", L"Radius", c_geometry, VT_R8, controls::Length, PropertyExpression,
      ReadNumber<Arc, &Arc::Radius>, WriteNumber<Arc, &Arc::SetRadius>},
-    {223, L"StartAngle", L"Start angle", c_geometry, VT_R8, controls::Length, 0,
+    {223, L"StartAngle", L"Start angle", c_geometry, VT_R8, controls::Length, PropertyAngle,
      ReadNumber<Arc, &Arc::StartAngle>, WriteNumber<Arc, &Arc::SetStartAngle>},
-    {224, L"EndAngle", L"End angle", c_geometry, VT_R8, controls::Length, 0, ReadNumber<Arc, &Arc::EndAngle>,
-     WriteNumber<Arc, &Arc::SetEndAngle>},
-    {225, L"TotalAngle", L"Total angle", c_geometry, VT_R8, controls::Length, PropertyReadOnly,
-     ReadNumber<Arc, &Arc::TotalAngle>, nullptr},
+    {224, L"EndAngle", L"End angle", c_geometry, VT_R8, controls::Length, PropertyAngle,
+     ReadNumber<Arc, &Arc::EndAngle>, WriteNumber<Arc, &Arc::SetEndAngle>},
+    {225, L"TotalAngle", L"Total angle", c_geometry, VT_R8, controls::Length,
+     PropertyReadOnly | PropertyRawAngle, ReadNumber<Arc, &Arc::TotalAngle>, nullptr},
     {226, L"ArcLength", L"Arc length", c_geometry, VT_R8, controls::Length, PropertyReadOnly,
      ReadNumber<Arc, &Arc::Length>, nullptr},
 };

@@ -188,7 +188,7 @@ constexpr PropertyDescription c_polylineRows[] = {
      &c_direction},
     {268, L"Segments", L"Segment", c_geometry, VT_ARRAY | VT_R8, controls::GroupedChoice, 0, ReadSegments,
      WriteSegments, &c_segmentShape, nullptr, nullptr, &c_segments},
-    {265, L"Elevation", L"Elevation", c_geometry, VT_R8, controls::Length, PropertyExpression,
+    {265, L"Elevation", L"Elevation", c_geometry, VT_R8, controls::Number, PropertyExpression,
      ReadNumber<Polyline, &Polyline::Elevation>, WriteNumber<Polyline, &Polyline::SetElevation>},
     {266, L"Length", L"Length", c_geometry, VT_R8, controls::Length, PropertyReadOnly,
      ReadNumber<Polyline, &Polyline::Length>, nullptr},
@@ -199,7 +199,8 @@ constexpr PropertyDescription c_polylineRows[] = {
 constexpr PropertyDescription c_vertexRows[] = {
     {DispidVertexX, L"X", L"Vertex X", c_geometry, VT_R8, controls::Length, 0, nullptr, nullptr},
     {DispidVertexY, L"Y", L"Vertex Y", c_geometry, VT_R8, controls::Length, 0, nullptr, nullptr},
-    {DispidVertexBulge, L"Bulge", L"Bulge", c_geometry, VT_R8, controls::Number, 0, nullptr, nullptr},
+    {DispidVertexBulge, L"Bulge", L"Bulge", c_geometry, VT_R8, controls::Length, PropertyPlain, nullptr,
+     nullptr},
     {DispidVertexSegment, L"Segment", L"Segment", c_geometry, VT_I4, controls::Choice, 0, nullptr, nullptr,
      &c_segmentShape},
 };

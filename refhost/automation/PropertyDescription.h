@@ -18,6 +18,9 @@ enum PropertyFlag : unsigned {
     PropertyMasked = 16,      ///< its text is not to be shown
     /// Its values are told by the type library alone: GetPredefinedValue answers E_NOTIMPL.
     PropertyValuesOfType = 32,
+    PropertyAngle = 64,      ///< its number is a direction, counted from the drawing's base direction
+    PropertyRawAngle = 128,  ///< its number is an angle as it stands
+    PropertyPlain = 256,     ///< its number has no unit
 };
 
 /// One value of an enumerated property: its name in the type library, the text that users see, its number.

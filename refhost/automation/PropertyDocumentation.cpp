@@ -67,6 +67,9 @@ std::string Abilities(const PropertyDescription& row) {
     AppendAbility(abilities, row.Has(PropertyDialog), "dialog");
     AppendAbility(abilities, row.Has(PropertyMasked), "masked");
     AppendAbility(abilities, row.elements != nullptr, "grouped");
+    AppendAbility(abilities, row.Has(PropertyAngle), "angle");
+    AppendAbility(abilities, row.Has(PropertyRawAngle), "raw angle");
+    AppendAbility(abilities, row.Has(PropertyPlain), "without unit");
     if (row.enumeration != nullptr) {
         AppendAbility(abilities, true, ("one of " + Narrow(row.enumeration->name)).c_str());
     }
