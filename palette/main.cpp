@@ -66,7 +66,7 @@ ExitStatus RunProgram(const CommandLine& commandLine) {
     PumpMessages();
     BringToFront(window.m_hWnd);
     if (!commandLine.commands.empty()) {
-        return CommandRunner(*host, window, catalogue).Run(commandLine.commands);
+        return CommandRunner(window, catalogue).Run(commandLine.commands);
     }
     LeaveOwnConsole();
     kvhost::Answers::SetInteractive(true);

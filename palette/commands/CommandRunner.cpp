@@ -163,7 +163,7 @@ void CommandRunner::Resize(const std::wstring& size) {
 
 CommandResult CommandRunner::SetVariable(const Command& command) {
     using Outcome = kvhost::SystemVariables::Outcome;
-    const Outcome outcome = m_host.Variables().SetText(command.target, command.value);
+    const Outcome outcome = m_window.SetVariable(command.target, command.value);
     return outcome == Outcome::Done
                ? CommandResult::Done()
                : CommandResult::Failed(kvhost::SystemVariables::Explain(command.target, outcome));

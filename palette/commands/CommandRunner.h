@@ -7,15 +7,14 @@
 #include "palette/commands/TraceFile.h"
 #include "palette/rows/ControlCatalogue.h"
 #include "palette/window/MainWindow.h"
-#include "refhost/editor/Host.h"
 
 namespace kvpalette {
 
 /// Runs the commands of a command line in their order, until one fails.
 class CommandRunner {
 public:
-    CommandRunner(kvhost::Host& host, MainWindow& window, const ControlCatalogue& catalogue)
-        : m_host(host), m_window(window), m_editor(window), m_reports(window, catalogue) {}
+    CommandRunner(MainWindow& window, const ControlCatalogue& catalogue)
+        : m_window(window), m_editor(window), m_reports(window, catalogue) {}
 
     /// Tells a failure on standard error.
     [[nodiscard]] ExitStatus Run(const std::vector<Command>& commands);
@@ -31,7 +30,6 @@ private:
     CommandResult Zoom(const Command& command);
     void Resize(const std::wstring& size);
 
-    kvhost::Host& m_host;
     MainWindow& m_window;
     RowEditor m_editor;
     Reports m_reports;

@@ -144,6 +144,14 @@ bool MainWindow::Redo(int count) {
     return done;
 }
 
+kvhost::SystemVariables::Outcome MainWindow::SetVariable(const std::wstring& name, const std::wstring& text) {
+    // What was typed in the former units is meant in them.
+    m_palette.Pane().LeaveRow();
+    const auto outcome = m_host.Variables().SetText(name, text);
+    ObjectsHaveChanged();
+    return outcome;
+}
+
 void MainWindow::SelectAll() {
     fw::Ignore(m_document->GetSelection().Select(L"all"));  // an empty drawing has nothing to select
 }

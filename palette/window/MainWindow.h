@@ -15,6 +15,7 @@
 #include "refhost/editor/Document.h"
 #include "refhost/editor/Host.h"
 #include "refhost/editor/SelectionObserver.h"
+#include "refhost/editor/SystemVariables.h"
 
 namespace kvpalette {
 
@@ -35,6 +36,9 @@ public:
     /// False when there are fewer steps.
     [[nodiscard]] bool Undo(int count);
     [[nodiscard]] bool Redo(int count);
+    /// Sets a system variable from a user's text. The rows show what it changes, such as a unit format.
+    [[nodiscard]] kvhost::SystemVariables::Outcome SetVariable(const std::wstring& name,
+                                                               const std::wstring& text);
     void SelectAll();
 
     kvhost::Document& Document() { return *m_document; }
