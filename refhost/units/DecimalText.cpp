@@ -53,7 +53,7 @@ std::wstring FixedOrScientificText(double magnitude, int places, std::size_t dig
     return std::min(text.find(L'.'), text.size()) <= digits ? text : ScientificText(magnitude, places);
 }
 
-std::wstring WithSign(bool isNegative, std::wstring text) {
+std::wstring WithSign(bool isNegative, const std::wstring& text) {
     const bool isZero = text.find_first_of(L"123456789") == std::wstring::npos;
     return isNegative && !isZero ? L'-' + text : text;
 }

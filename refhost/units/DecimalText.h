@@ -18,7 +18,7 @@ namespace kvhost {
 /// FixedText, or ScientificText where the whole part would have more than `digits` digits.
 [[nodiscard]] KVHOST_API std::wstring FixedOrScientificText(double magnitude, int places, std::size_t digits);
 /// Puts the sign before the text, unless all of the text's digits are zeros.
-[[nodiscard]] KVHOST_API std::wstring WithSign(bool isNegative, std::wstring text);
+[[nodiscard]] KVHOST_API std::wstring WithSign(bool isNegative, const std::wstring& text);
 
 /// Reads digits with a point and an exponent, each of which may be missing. Too small a number is zero; empty
 /// for what is too great and for anything else.
