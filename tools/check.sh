@@ -4,7 +4,7 @@
 #   fast      what needs no build: format, layers, words, lengths, the checks' own tests
 #   all       fast, then the build, headers alone, lint and all tests (default)
 #   coverage  builds with counters, runs the tests and prints the coverage of the module and the framework
-#   heap      runs the tests in a prefix whose heaps are checked at every call; a finding fails the test
+#   heap      runs the tests in a prefix whose heaps are checked at every free; a finding fails the test
 #   traps     runs the tests in a build that ends at undefined behaviour
 cd "$(dirname "$0")/.." || exit 1
 jobs=$(nproc)

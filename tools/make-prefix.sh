@@ -3,7 +3,7 @@
 # Makes the Wine prefix that builds, tests and runs use. It is built beside its place and moved there complete, so a
 # broken prefix is never left behind; of several callers at once one builds and the others wait for it.
 # --display keeps Wine's X11 driver, for a person at the screen; otherwise the prefix draws without any display.
-# --heap lets every heap be checked at every call; what is found is told in Wine's channel "heap".
+# --heap surrounds every block of a heap with marks that are checked when it is freed; findings go to the channel "heap".
 display= heap=
 case $1 in
     --display) display=1; shift ;;
@@ -54,7 +54,7 @@ find "$fresh/drive_c/users" -type l | while read -r link; do rm "$link" && mkdir
         printf '\n[HKEY_CURRENT_USER\\Software\\Wine\\Drivers]\n"Graphics"="null"\n'
     fi
     if [ -n "$heap" ]; then
-        printf '\n[HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Control\\Session Manager]\n"GlobalFlag"=dword:000000f0\n'
+        printf '\n[HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Control\\Session Manager]\n"GlobalFlag"=dword:00000070\n'
     fi
     # Without a debugger and a crash dialog a crashed process ends at once, with a status that tells of it.
     cat <<'REG'

@@ -9,26 +9,28 @@ struct MainWindow {
     CWnd view;  // looks at a main window that is not ours
 };
 
-thread_local MainWindow t_main;
+// Owned by its thread until it names no main window. A pointer, since the compiler's runtime may free what a
+// thread keeps before it destroys it.
+thread_local MainWindow* t_main = nullptr;
 
 }  // namespace
 
 namespace fw {
 
 void SetMainWindow(HWND window) {
-    t_main.handle = window;
-    t_main.view.Detach();
+    delete t_main;
+    t_main = window ? new MainWindow{.handle = window, .view = {}} : nullptr;
 }
 
 }  // namespace fw
 
 CWnd* AfxGetMainWnd() {
-    if (!t_main.handle || !::IsWindow(t_main.handle)) {
+    if (!t_main || !::IsWindow(t_main->handle)) {
         return nullptr;
     }
-    if (CWnd* const permanent = CWnd::FromHandlePermanent(t_main.handle)) {
+    if (CWnd* const permanent = CWnd::FromHandlePermanent(t_main->handle)) {
         return permanent;
     }
-    t_main.view.Attach(t_main.handle);
-    return &t_main.view;
+    t_main->view.Attach(t_main->handle);
+    return &t_main->view;
 }

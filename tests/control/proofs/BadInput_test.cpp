@@ -3,6 +3,7 @@
 #include "tests/control/proofs/InitTriple.h"
 #include "tests/control/proofs/ModuleLock.h"
 #include "tests/control/support/AvailableClass.h"
+#include "tests/support/Rounds.h"
 
 namespace {
 
@@ -11,7 +12,7 @@ using kvtest::PickBelow;
 using kvtest::PickOnceIn;
 using kvtest::RandomVariant;
 
-constexpr int c_triples = 100'000;
+const int c_triples = kvtest::Rounds(20'000, 100'000);
 constexpr int c_calls = 5'000;
 
 class BadInput : public ::testing::TestWithParam<kvtest::AvailableClass> {

@@ -3,12 +3,13 @@
 #include "tests/control/support/AvailableClass.h"
 #include "tests/control/support/RowContainer.h"
 #include "tests/support/LeakCheck.h"
+#include "tests/support/Rounds.h"
 
 namespace {
 
 // The first ones fill what is made once and kept.
 constexpr int c_firstCycles = 20;
-constexpr int c_cycles = 2'000;
+const int c_cycles = kvtest::Rounds(500, 10'000);
 
 class LeakCycles : public kvtest::RowContainer, public ::testing::WithParamInterface<kvtest::AvailableClass> {
 protected:
