@@ -13,6 +13,7 @@
 
 namespace {
 
+constexpr int c_listSizes[] = {100, 1000, 10000};
 constexpr int c_sizes[] = {1, 100, 1000, 10000, 100000};
 
 constexpr const char* c_usage =
@@ -54,6 +55,7 @@ std::vector<kvbench::Figure> MeasureAll(int most) {
     kvbench::MeasureCreation(figures);
     kvbench::Drawing drawing(std::max(sizes.back(), 2));
     kvbench::MeasurePainting(drawing, figures);
+    kvbench::MeasureLists(c_listSizes, figures);
     kvbench::MeasureReads(drawing, sizes, figures);
     kvbench::MeasureWrites(drawing, sizes, figures);
     return figures;

@@ -42,10 +42,10 @@ inline double MedianOf(std::vector<double> values) {
 /// Times the two by turns, so that what the machine does beside hits both. Each time is the median over the
 /// rounds, and so is the ratio, which is taken round by round. `between` runs untimed before each stretch.
 template <class Product, class Floor, class Between>
-Figure Measure(std::string workload, int objects, Product product, Floor floor, Between between) {
+Figure Measure(std::string workload, int objects, Product product, Floor floor, Between between,
+               int mostCalls = 20000) {
     constexpr double c_shortestStretch = 500;
     constexpr double c_wantedTotal = 200000;
-    constexpr int c_mostCalls = 20000;
 
     between();
     product();
@@ -53,8 +53,7 @@ Figure Measure(std::string workload, int objects, Product product, Floor floor, 
     floor();
     between();
     const double once = std::max(detail::MicrosecondsOf(1, floor), 0.01);
-    const int calls =
-        static_cast<int>(std::clamp(std::ceil(c_shortestStretch / once), 1.0, 1.0 * c_mostCalls));
+    const int calls = static_cast<int>(std::clamp(std::ceil(c_shortestStretch / once), 1.0, 1.0 * mostCalls));
     const int rounds = static_cast<int>(std::clamp(c_wantedTotal / (calls * once), 5.0, 101.0));
 
     std::vector<double> products;
@@ -78,6 +77,12 @@ Figure Measure(std::string workload, int objects, Product product, Floor floor, 
     }
     return {std::move(workload), objects, detail::MedianOf(products), detail::MedianOf(floors),
             detail::MedianOf(ratios)};
+}
+
+/// For calls that `between` must take back before the next.
+template <class Product, class Floor, class Between>
+Figure MeasureOnce(std::string workload, int objects, Product product, Floor floor, Between between) {
+    return Measure(std::move(workload), objects, product, floor, between, 1);
 }
 
 template <class Product, class Floor>

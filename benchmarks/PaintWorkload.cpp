@@ -1,6 +1,7 @@
 #include <memory>
 
 #include "benchmarks/Drawing.h"
+#include "benchmarks/RowFont.h"
 #include "benchmarks/Workloads.h"
 #include "families/CPropertyEditorText.h"
 #include "families/EditRowPainter.h"
@@ -12,21 +13,6 @@ namespace {
 
 constexpr int c_width = 180;
 constexpr int c_height = 20;
-
-fw::ComPtr<IFont> MakeFont() {
-    FONTDESC description{.cbSizeofstruct = sizeof(FONTDESC),
-                         .lpstrName = const_cast<wchar_t*>(L"Tahoma"),
-                         .cySize = {.int64 = 82500},
-                         .sWeight = FW_NORMAL,
-                         .sCharset = DEFAULT_CHARSET,
-                         .fItalic = FALSE,
-                         .fUnderline = FALSE,
-                         .fStrikethrough = FALSE};
-    fw::ComPtr<IFont> font;
-    Require(::OleCreateFontIndirect(&description, IID_IFont, font.PutVoid()) == S_OK,
-            "the system makes a font");
-    return font;
-}
 
 fw::UniqueBitmap MakeCanvas(HDC dc, void** pixels) {
     BITMAPINFO info{};

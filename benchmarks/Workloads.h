@@ -13,6 +13,7 @@ class Drawing;
 void MeasureReads(Drawing& drawing, std::span<const int> sizes, std::vector<Figure>& figures);
 void MeasureWrites(Drawing& drawing, std::span<const int> sizes, std::vector<Figure>& figures);
 void MeasureCreation(std::vector<Figure>& figures);
+void MeasureLists(std::span<const int> sizes, std::vector<Figure>& figures);
 void MeasurePainting(Drawing& drawing, std::vector<Figure>& figures);
 
 }  // namespace kvbench
