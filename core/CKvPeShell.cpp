@@ -38,13 +38,6 @@ std::span<const fw::InterfaceEntry> CKvPeShell::Interfaces() {
     return s_interfaces;
 }
 
-// Each method of an interface is a border: it holds the shell, asks for the logic and lets no exception out.
-template <class Work>
-HRESULT CKvPeShell::WithLogic(Work work) noexcept {
-    const fw::ComPtr<IUnknown> self(GetUnknown());
-    return fw::Guarded([&]() -> HRESULT { return m_logic ? work(*m_logic) : E_UNEXPECTED; });
-}
-
 STDMETHODIMP CKvPeShell::InitEditControl(VARIANT* objects, VARIANT* dynamicProperties, VARIANT* dispids,
                                          VARIANT_BOOL readOnly) {
     return WithLogic([&](CKvPeCtrlBase& logic) {

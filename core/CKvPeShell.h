@@ -73,6 +73,14 @@ protected:
     /// Leaves the message unhandled while there is no logic.
     LRESULT ToLogic(LogicHandler handler, UINT message, WPARAM wParam, LPARAM lParam, BOOL& handled);
 
+    /// The border of each method of an interface: holds the shell, asks for the logic and lets no exception
+    /// out.
+    template <class Work>
+    HRESULT WithLogic(Work work) noexcept {
+        const fw::ComPtr<IUnknown> self(GetUnknown());
+        return fw::Guarded([&]() -> HRESULT { return m_logic ? work(*m_logic) : E_UNEXPECTED; });
+    }
+
     // What only some logic classes have; the shell of such a class asks them.
 
     /// True, with the answer in result, if a preview takes the place of the event.
@@ -108,8 +116,6 @@ private:
     LRESULT OnEraseBackground(UINT message, WPARAM wParam, LPARAM lParam, BOOL& handled);
     LRESULT OnListHoverMessage(UINT message, WPARAM wParam, LPARAM lParam, BOOL& handled);
 
-    template <class Work>
-    HRESULT WithLogic(Work work) noexcept;
     template <class Work>
     HRESULT FireToSinks(Work work);
     HRESULT FireDblClickEvent();

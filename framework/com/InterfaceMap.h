@@ -2,7 +2,9 @@
 
 #include <array>
 #include <cstddef>
+#include <initializer_list>
 #include <span>
+#include <vector>
 
 #include "framework/base/WindowsApi.h"
 
@@ -34,6 +36,14 @@ constexpr std::array<InterfaceEntry, First + Second> JoinInterfaces(
     for (std::size_t i = 0; i < Second; ++i) {
         joined[First + i] = second[i];
     }
+    return joined;
+}
+
+/// The same where the interfaces of the base are known only as it runs. The base's come first.
+inline std::vector<InterfaceEntry> ExtendInterfaces(std::span<const InterfaceEntry> base,
+                                                    std::initializer_list<InterfaceEntry> further) {
+    std::vector<InterfaceEntry> joined(base.begin(), base.end());
+    joined.insert(joined.end(), further);
     return joined;
 }
 
