@@ -252,6 +252,96 @@ class Edits(PaletteTest):
         self.assertIn("ZRB_CHGPROP", start["arguments"])
 
 
+class Lists(PaletteTest):
+    def test_list_reports_its_entries(self):
+        hall = handles("Text", "Village hall")[0]
+        run = self.succeed(self.run_batch(
+            SITE, f"--select {hall}", "--list Alignment --json", "--escape", f"--say {MARK}", "--list Visible"))
+        report = run.json(0)
+        self.assertEqual(report["row"], "Alignment")
+        self.assertEqual(len(report["entries"]), 12)
+        self.assertEqual(report["entries"][0], {"text": "Left", "current": True})
+        self.assertEqual(report["entries"][4], {"text": "Middle center", "current": False})
+        self.assertEqual(run.parts[1], "* Yes\n  No\n")
+
+    def test_chosen_entry_is_written_and_undone_in_one_step(self):
+        texts = handles("Text")[:3]
+        run = self.succeed(self.run_batch(
+            SITE, f"--select {','.join(texts)}", '--set "Alignment=top CENTER"', "--objects --json", f"--say {MARK}",
+            "--rows --json", f"--say {MARK}", "--undo", "--objects --json", f"--say {MARK}",
+            "--redo", "--save changed.qxf"))
+        self.assertEqual([o["properties"]["Alignment"] for o in run.json(0)["objects"]], [7] * 3)
+        row = rows_by_name(run.json(1))["Alignment"]
+        self.assertEqual((row["text"], row["state"], row["shownBy"]), ("Top center", "specific", "control"))
+        self.assertEqual([o["properties"]["Alignment"] for o in run.json(2)["objects"]], [0] * 3)
+        changed = self.entities("changed.qxf")
+        self.assertEqual([changed[handle]["alignment"] for handle in texts], ["top center"] * 3)
+
+    def test_values_that_differ_are_an_entry_until_one_is_chosen(self):
+        first, second = handles("Text")[:2]
+        run = self.succeed(self.run_batch(
+            SITE, f"--select {first}", "--set Lineweight=Default", f"--select {second}", "--list Lineweight --json",
+            "--escape", f"--say {MARK}", '--set "Lineweight=0.70 mm"', "--list Lineweight --json"))
+        differing = run.json(0)["entries"]
+        self.assertEqual(len(differing), 28)
+        self.assertTrue(differing[-1]["current"])
+        agreed = run.json(1)["entries"]
+        self.assertEqual(len(agreed), 27)
+        self.assertEqual([entry["text"] for entry in agreed if entry["current"]], ["0.70 mm"])
+
+    def test_hover_and_escape_write_nothing(self):
+        hall = handles("Text", "Village hall")[0]
+        self.succeed(self.run_batch(
+            SITE, "--save before.qxf", f"--select {hall}", '--hover "Alignment=Right"',
+            '--hover "Alignment=Bottom right"', "--screenshot hover.png", '--hover "Alignment=Center"', "--escape",
+            '--hover "Lineweight=1.00 mm"', "--select none", "--save after.qxf"))
+        with open(self.path("before.qxf"), "rb") as first, open(self.path("after.qxf"), "rb") as second:
+            self.assertEqual(first.read(), second.read())
+
+    def test_refusals_name_row_and_reason(self):
+        hall = handles("Text", "Village hall")[0]
+        locked = handles("Text", "Site boundary")[0]
+        for selected, command, reason in (
+            (hall, ["--set", "Alignment=Upside down"], "no entry Upside down"),
+            (hall, ["--hover", "Alignment=Upside down"], "no entry Upside down"),
+            (hall, ["--list", "Contents"], "no list"),
+            (hall, ["--unspecify", "Alignment"], "no unspecified value"),
+            (hall, ["--list", "Nothing"], "no such row"),
+            (locked, ["--set", "Alignment=Right"], "read-only"),
+            (locked, ["--list", "Alignment"], "read-only"),
+        ):
+            run = self.run_palette(SITE, "--select", selected, *command)
+            self.assertEqual(run.status, 4, f"{command} {run.errors}")
+            self.assertIn(reason, run.errors)
+        run = self.run_batch(SITE, "--select class=Text", '--set "Alignment=Right"')
+        self.assertEqual(run.status, 4, run.errors)
+
+    def test_dynamic_values_two_names_and_elements(self):
+        drawing = {"format": "qxf", "version": 1, "entities": [
+            {"type": "Polyline", "handle": "20", "vertices": [[0, 0, 0], [9, 0, 0], [9, 9, 0]],
+             "properties": {"Condition": "fair", "Public": "yes", "Storeys": "2"}},
+            {"type": "Point", "handle": "21", "position": [1, 1]}]}
+        with open(self.path("small.qxf"), "w", encoding="utf-8") as file:
+            json.dump(drawing, file)
+        run = self.succeed(self.run_batch(
+            "small.qxf", "--select 20", "--rows --json", f"--say {MARK}", "--set Condition=Poor",
+            "--set Public=Private", '--set "Storeys=Three storeys"', '--set "Segment=Arc, turning left"',
+            "--set Direction=Clockwise", "--rows --json", f"--say {MARK}", "--unspecify Condition", "--rows --json",
+            f"--say {MARK}", "--select none", "--select 21", "--set Style=Circle", "--save changed.qxf"))
+        rows = rows_by_name(run.json(0))
+        shown = {name: rows[name]["text"] for name in ("Condition", "Public", "Storeys", "Segment", "Direction")}
+        self.assertEqual(shown, {"Condition": "Fair", "Public": "Open to all", "Storeys": "Two storeys",
+                                 "Segment": "Straight", "Direction": "Counterclockwise"})
+        rows = rows_by_name(run.json(1))
+        self.assertEqual((rows["Condition"]["text"], rows["Public"]["text"], rows["Storeys"]["text"]),
+                         ("Poor", "Private", "Three storeys"))
+        self.assertEqual(rows_by_name(run.json(2))["Condition"]["state"], "unspecified")
+        changed = self.entities("changed.qxf")
+        self.assertEqual(changed["20"]["properties"], {"Condition": "poor", "Public": "no", "Storeys": "3"})
+        self.assertEqual(changed["20"]["vertices"][0][:2], [9, 9])
+        self.assertEqual(changed["21"]["style"], "circle")
+
+
 class Pictures(PaletteTest):
     def size_of(self, name):
         with open(self.path(name), "rb") as file:

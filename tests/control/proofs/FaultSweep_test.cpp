@@ -216,7 +216,14 @@ protected:
         isToldOfFailure |= !isEntered;  // there is nothing to work in
         return isEntered;
     }
-    void NoteWhatIsShown(HWND child) { isToldOfFailure |= !scenario.edit.IsShownIn(child); }
+    void NoteWhatIsShown(HWND child) {
+        if (scenario.edit.way == kvtest::EditWay::Choose) {
+            // A list shows the choice until the palette refreshes the rows, as it does when an update has
+            // ended.
+            static_cast<void>(control->Refresh(0));
+        }
+        isToldOfFailure |= !scenario.edit.IsShownIn(child);
+    }
     void EnterAndReturn() {
         if (BeginActive() && Enter()) {
             kvtest::PressInRow(Row(), VK_RETURN);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "refhost/db/Polyline.h"
 #include "refhost/db/Text.h"
 
 namespace kvtest {
@@ -18,6 +19,27 @@ KvDbObjectId Append(kvhost::Database& database) {
 
 KvDbObjectId AppendText(kvhost::Database& database) {
     return Append<kvhost::Text>(database);
+}
+
+KvDbObjectId AppendPolyline(kvhost::Database& database) {
+    auto polyline = std::make_unique<kvhost::Polyline>();
+    EXPECT_EQ(polyline->SetVertices({{0, 0, 0}, {1, 0, 0}, {1, 1, 0}}), Tolm::eOk);
+    KvDbObjectId id;
+    EXPECT_EQ(database.AppendEntity(std::move(polyline), id), Tolm::eOk);
+    return id;
+}
+
+void TellDirections(kvhost::ScriptedObject& object, DISPID property) {
+    object.interfaces |= kvhost::OffersBrowsing;
+    kvhost::ScriptedValue& value = object.At(property);
+    value.predefinedStrings = {L"clockwise", L"counterclockwise"};
+    value.predefinedValues = {fw::Variant::FromLong(0), fw::Variant::FromLong(1)};
+}
+
+void TellDirectionsOfProperty(kvhost::ScriptedDynamicProperty& property) {
+    property.interfaces |= kvhost::OffersValues;
+    property.values = {{L"clockwise", fw::Variant::FromLong(0)},
+                       {L"counterclockwise", fw::Variant::FromLong(1)}};
 }
 
 }  // namespace kvtest

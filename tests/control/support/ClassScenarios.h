@@ -8,6 +8,11 @@ namespace kvtest {
 
 // The drawn objects of the table.
 KvDbObjectId AppendText(kvhost::Database& database);
+KvDbObjectId AppendPolyline(kvhost::Database& database);
+
+// What scripted objects and properties tell of a list's entries.
+void TellDirections(kvhost::ScriptedObject& object, DISPID property);
+void TellDirectionsOfProperty(kvhost::ScriptedDynamicProperty& property);
 
 /// What each available class needs to join the suites. A class that is READY in core/ClassList.inc and has no
 /// row here does not compile.
@@ -28,6 +33,37 @@ inline constexpr ClassScenario c_classScenarios[] = {
      .objectClass = L"Text",
      .objectProperty = 231,
      .append = &AppendText},
+    {.coclass = "KvPePropertyEditorEnum",
+     .before = {VT_I4, L"1"},
+     .alike = {VT_I4, L"1"},
+     .after = {VT_I4, L"0"},
+     .edit = Chooses(0),
+     .objectClass = L"Polyline",
+     .objectProperty = 264,
+     .append = &AppendPolyline,
+     .initAnswer = InitAnswer::Fail,
+     .prepareObject = &TellDirections,
+     .prepareDynamicProperty = &TellDirectionsOfProperty},
+    {.coclass = "KvPePropertyEditorSpinnerEnum",
+     .before = {VT_I4, L"1"},
+     .alike = {VT_I4, L"1"},
+     .after = {VT_I4, L"0"},
+     .edit = Chooses(0),
+     .objectClass = L"Polyline",
+     .objectProperty = 264,
+     .append = &AppendPolyline,
+     .initAnswer = InitAnswer::Fail,
+     .prepareObject = &TellDirections,
+     .prepareDynamicProperty = &TellDirectionsOfProperty},
+    {.coclass = "KvPePropertyEditorBool",
+     .before = {VT_BOOL, L"0"},
+     .alike = {VT_BOOL, L"0"},
+     .after = {VT_BOOL, L"-1"},
+     .edit = Chooses(0),
+     .objectClass = L"Polyline",
+     .objectProperty = 263,
+     .append = &AppendPolyline,
+     .initAnswer = InitAnswer::Fail},
 };
 
 /// The row of a class; null when it has none.
