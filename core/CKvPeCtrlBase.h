@@ -228,7 +228,7 @@ private:
     [[nodiscard]] HRESULT StoreEntry(LONG index, const VARIANT& objects, const VARIANT& dynamicProperties,
                                      const VARIANT& dispids);
     [[nodiscard]] SelectionEntry EntryAt(int index) const;
-    [[nodiscard]] HRESULT ReadUnspecifiedState(IPropertyUnspecifiedSupport& support, const fw::Variant& key,
+    [[nodiscard]] HRESULT ReadUnspecifiedState(IPropertyUnspecifiedSupport& support, const VARIANT& key,
                                                VARIANT* value, bool* isUnspecified);
     [[nodiscard]] HRESULT GetPropertyExpressionHelper(long dispid, IDispatch* object, CString& expression,
                                                       bool& supported);

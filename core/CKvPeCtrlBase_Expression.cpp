@@ -4,11 +4,12 @@
 #include "core/ExpressionState.h"
 #include "core/ObjectIdentity.h"
 #include "core/PropertyKey.h"
+#include "framework/com/Variant.h"
 #include "host_sdk/IPropertyExpressionSupport.h"
 
 namespace {
 
-HRESULT ReadExpression(IUnknown* asked, const fw::Variant& key, VARIANT& expression, bool& supported) {
+HRESULT ReadExpression(IUnknown* asked, const VARIANT& key, VARIANT& expression, bool& supported) {
     supported = false;
     const auto support = fw::QueryFrom<IPropertyExpressionSupport>(asked);
     if (!support) {
@@ -16,25 +17,25 @@ HRESULT ReadExpression(IUnknown* asked, const fw::Variant& key, VARIANT& express
     }
     VARIANT_BOOL answer = VARIANT_FALSE;
     // An object that cannot tell leaves the answer at no.
-    fw::Ignore(support->IsExpressionSupported(key.Get(), &answer));
+    fw::Ignore(support->IsExpressionSupported(key, &answer));
     if (!answer) {
         return S_OK;
     }
     supported = true;
     fw::Bstr text;
-    RETURN_HR_IF(E_FAIL, FAILED(support->GetExpression(key.Get(), text.Put())));
+    RETURN_HR_IF(E_FAIL, FAILED(support->GetExpression(key, text.Put())));
     fw::Variant result = fw::Variant::FromBstr(std::move(text));
     ::VariantClear(&expression);
     result.DetachTo(expression);
     return S_OK;
 }
 
-HRESULT WriteExpression(IUnknown* asked, const fw::Variant& key, wchar_t* expression) {
+HRESULT WriteExpression(IUnknown* asked, const VARIANT& key, wchar_t* expression) {
     const auto support = fw::QueryFrom<IPropertyExpressionSupport>(asked);
     RETURN_HR_IF(E_FAIL, !support);
     VARIANT_BOOL supported = VARIANT_FALSE;
-    RETURN_HR_IF(E_FAIL, FAILED(support->IsExpressionSupported(key.Get(), &supported)) || !supported);
-    return SUCCEEDED(support->SetExpression(key.Get(), expression)) ? S_OK : E_FAIL;
+    RETURN_HR_IF(E_FAIL, FAILED(support->IsExpressionSupported(key, &supported)) || !supported);
+    return SUCCEEDED(support->SetExpression(key, expression)) ? S_OK : E_FAIL;
 }
 
 }  // namespace

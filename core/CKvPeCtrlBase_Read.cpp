@@ -37,6 +37,10 @@ HRESULT InvokeGet(IDispatch& object, long dispid, VARIANT& value, SCODE& excepti
 }
 
 bool AreSameTexts(BSTR first, BSTR second) {
+    // Most are the same to the letter; to fold their case costs more than the read of a value.
+    if (fw::Bstr::ViewOf(first) == fw::Bstr::ViewOf(second)) {
+        return true;
+    }
     return ::CompareStringOrdinal(first != nullptr ? first : L"", static_cast<int>(::SysStringLen(first)),
                                   second != nullptr ? second : L"", static_cast<int>(::SysStringLen(second)),
                                   TRUE) == CSTR_EQUAL;

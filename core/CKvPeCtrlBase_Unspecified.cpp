@@ -1,14 +1,19 @@
 #include "core/CKvPeCtrlBase.h"
 #include "core/ModuleTexts.h"
 #include "core/PropertyKey.h"
+#include "framework/com/Variant.h"
 #include "host_sdk/IPropertyUnspecifiedSupport.h"
 
 namespace {
 
-CString ReadUnspecifiedText(IPropertyUnspecifiedSupport& support, const fw::Variant& key) {
+// Into the place of the former text, which needs no new memory: this is asked of each object of a selection.
+void ReadUnspecifiedText(IPropertyUnspecifiedSupport& support, const VARIANT& key, CString& result) {
     fw::Bstr text;
-    return SUCCEEDED(support.GetUnspecifiedText(key.Get(), text.Put())) ? CString(text.View())
-                                                                        : DefaultUnspecifiedText();
+    if (SUCCEEDED(support.GetUnspecifiedText(key, text.Put()))) {
+        result = text.View();
+    } else {
+        result = DefaultUnspecifiedText();
+    }
 }
 
 void ReplaceByText(VARIANT& value, const CString& text) {
@@ -17,14 +22,14 @@ void ReplaceByText(VARIANT& value, const CString& text) {
     replacement.DetachTo(value);
 }
 
-HRESULT WriteUnspecified(IUnknown* asked, const fw::Variant& key, int unspecified) {
+HRESULT WriteUnspecified(IUnknown* asked, const VARIANT& key, int unspecified) {
     RETURN_IF_NULL_POINTER(asked);
     const auto support = fw::QueryFrom<IPropertyUnspecifiedSupport>(asked);
     RETURN_HR_IF(E_FAIL, !support);
     VARIANT_BOOL allowed = VARIANT_FALSE;
-    RETURN_HR_IF(E_FAIL, FAILED(support->IsUnspecifiedAllowed(key.Get(), &allowed)) || !allowed);
+    RETURN_HR_IF(E_FAIL, FAILED(support->IsUnspecifiedAllowed(key, &allowed)) || !allowed);
     const VARIANT_BOOL state = unspecified > 0 ? VARIANT_TRUE : VARIANT_FALSE;
-    return SUCCEEDED(support->SetUnspecified(key.Get(), state)) ? S_OK : E_FAIL;
+    return SUCCEEDED(support->SetUnspecified(key, state)) ? S_OK : E_FAIL;
 }
 
 }  // namespace
@@ -36,9 +41,9 @@ HRESULT CKvPeCtrlBase::CheckPropertyForUnspecifiedValue(IUnknown* dynamicPropert
     if (!support) {
         return S_OK;
     }
-    const fw::Variant key = PropertyKey(object);
+    const VARIANT key = PropertyKey(object);
     VARIANT_BOOL allowed = VARIANT_FALSE;
-    const HRESULT asked = support->IsUnspecifiedAllowed(key.Get(), &allowed);
+    const HRESULT asked = support->IsUnspecifiedAllowed(key, &allowed);
     if (FAILED(asked) || !allowed) {
         m_unspecifiedText.Empty();
         m_allowUnspecified = false;
@@ -54,9 +59,9 @@ HRESULT CKvPeCtrlBase::CheckPropertyForUnspecifiedValue(long dispid, IDispatch* 
     if (!support) {
         return S_OK;
     }
-    const fw::Variant key = PropertyKey(dispid);
+    const VARIANT key = PropertyKey(dispid);
     VARIANT_BOOL allowed = VARIANT_FALSE;
-    const HRESULT asked = support->IsUnspecifiedAllowed(key.Get(), &allowed);
+    const HRESULT asked = support->IsUnspecifiedAllowed(key, &allowed);
     if (FAILED(asked) || !allowed) {
         // Deliberate: the flag stays, unlike that of a dynamic property. Once an object has allowed the
         // state, the row offers it as long as the control lives.
@@ -66,12 +71,12 @@ HRESULT CKvPeCtrlBase::CheckPropertyForUnspecifiedValue(long dispid, IDispatch* 
     return ReadUnspecifiedState(*support, key, value, isUnspecified);
 }
 
-HRESULT CKvPeCtrlBase::ReadUnspecifiedState(IPropertyUnspecifiedSupport& support, const fw::Variant& key,
+HRESULT CKvPeCtrlBase::ReadUnspecifiedState(IPropertyUnspecifiedSupport& support, const VARIANT& key,
                                             VARIANT* value, bool* isUnspecified) {
     m_allowUnspecified = true;
-    m_unspecifiedText = ReadUnspecifiedText(support, key);
+    ReadUnspecifiedText(support, key, m_unspecifiedText);
     VARIANT_BOOL unspecified = VARIANT_FALSE;
-    const HRESULT asked = support.IsUnspecified(key.Get(), &unspecified);
+    const HRESULT asked = support.IsUnspecified(key, &unspecified);
     if (SUCCEEDED(asked) && unspecified) {
         ReplaceByText(*value, m_unspecifiedText);
         *isUnspecified = true;

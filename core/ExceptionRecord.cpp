@@ -3,7 +3,10 @@
 #include "framework/base/Hresult.h"
 
 EXCEPINFO* ExceptionRecord::Put() {
-    Clear();
+    if (HoldsTexts()) {
+        Clear();
+    }
+    m_info = {};
     return &m_info;
 }
 

@@ -8,7 +8,11 @@ public:
     ExceptionRecord() = default;
     ExceptionRecord(const ExceptionRecord&) = delete;
     ExceptionRecord& operator=(const ExceptionRecord&) = delete;
-    ~ExceptionRecord() { Clear(); }
+    ~ExceptionRecord() {
+        if (HoldsTexts()) {
+            Clear();
+        }
+    }
 
     /// Empties the record and gives the place for a call to fill.
     EXCEPINFO* Put();
@@ -21,5 +25,11 @@ public:
     [[nodiscard]] const wchar_t* Description() const { return m_info.bstrDescription; }
 
 private:
+    // Nearly all calls succeed and leave none.
+    [[nodiscard]] bool HoldsTexts() const {
+        return m_info.bstrSource != nullptr || m_info.bstrDescription != nullptr ||
+               m_info.bstrHelpFile != nullptr;
+    }
+
     EXCEPINFO m_info{};
 };

@@ -34,10 +34,6 @@ Bstr::Bstr(const Bstr& other) {
 Bstr::Bstr(Bstr&& other) noexcept : m_text(std::exchange(other.m_text, nullptr)) {
 }
 
-Bstr::~Bstr() {
-    Reset();
-}
-
 Bstr& Bstr::operator=(const Bstr& other) {
     Bstr(other).swap(*this);
     return *this;

@@ -17,7 +17,11 @@ public:
     explicit Bstr(std::wstring_view text);
     Bstr(const Bstr& other);
     Bstr(Bstr&& other) noexcept;
-    ~Bstr();
+    ~Bstr() {
+        if (m_text) {
+            ::SysFreeString(m_text);
+        }
+    }
     Bstr& operator=(const Bstr& other);
     Bstr& operator=(Bstr&& other) noexcept;
 

@@ -12,11 +12,6 @@ VARIANT* SourceOf(const VARIANT& value) noexcept {
     return const_cast<VARIANT*>(&value);
 }
 
-// Numbers and the like: rows make and drop so many of them that asking the system to clear each one shows.
-bool HoldsNothing(VARTYPE type) noexcept {
-    return type <= VT_DATE || type == VT_ERROR || type == VT_BOOL || (type >= VT_DECIMAL && type <= VT_UINT);
-}
-
 }  // namespace
 
 Variant::Variant(const Variant& other) : Variant() {
@@ -39,13 +34,6 @@ Variant& Variant::operator=(Variant&& other) noexcept {
         Attach(other.m_value);
     }
     return *this;
-}
-
-Variant Variant::FromLong(LONG value) noexcept {
-    Variant result;
-    result.m_value.vt = VT_I4;
-    result.m_value.lVal = value;
-    return result;
 }
 
 Variant Variant::FromShort(SHORT value) noexcept {
@@ -126,11 +114,7 @@ VARIANT* Variant::Put() noexcept {
     return &m_value;
 }
 
-void Variant::Clear() noexcept {
-    if (HoldsNothing(m_value.vt)) {
-        m_value.vt = VT_EMPTY;
-        return;
-    }
+void Variant::ReleaseHeld() noexcept {
     // The member is emptied first: releasing an object may lead back here.
     VARIANT former = m_value;
     ::VariantInit(&m_value);
