@@ -1,6 +1,7 @@
 #include "framework/base/CString.h"
 
 #include "framework/base/ModuleState.h"
+#include "framework/base/TextResource.h"
 
 #include <algorithm>
 #include <cstdarg>
@@ -147,11 +148,8 @@ bool CString::LoadString(UINT id) {
 }
 
 bool CString::LoadString(HINSTANCE module, UINT id) {
-    const wchar_t* text = nullptr;
-    const int length = ::LoadStringW(module, id, reinterpret_cast<LPWSTR>(&text), 0);
-    m_text.assign(text && length > 0 ? std::wstring_view(text, static_cast<std::size_t>(length))
-                                     : std::wstring_view());
-    return length > 0;
+    m_text = fw::FindText(module, id);
+    return !m_text.empty();
 }
 
 BSTR CString::AllocSysString() const {

@@ -54,7 +54,8 @@ public:
     // Format letters are the platform's: %s and %c take wide text, %S and %hs narrow text.
     void Format(const wchar_t* format, ...);
 
-    // Loads from the framework's current resource handle. False, with an empty text, if there is no such id.
+    // Loads from the framework's current resource handle, in the user's language or else in English. False,
+    // with an empty text, if there is no such id.
     bool LoadString(UINT id);
     bool LoadString(HINSTANCE module, UINT id);
 

@@ -16,6 +16,8 @@ inline HINSTANCE ThisModule() {
 struct ModuleState {
     // Where strings, dialogs and pictures are loaded from. Null means the program itself.
     HINSTANCE m_hCurrentResourceHandle = nullptr;
+    // The language of the texts that are loaded. 0 is the user's.
+    LANGID m_textLanguage = 0;
 };
 
 }  // namespace fw
