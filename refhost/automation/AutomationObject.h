@@ -7,10 +7,12 @@
 #include "framework/com/InterfaceMap.h"
 #include "host_sdk/IDatabaseObjectIdentity.h"
 #include "host_sdk/IGraphicalObjectUpdate.h"
+#include "host_sdk/IKvHyperlinkHost.h"
 #include "host_sdk/IPropertyEditability.h"
 #include "host_sdk/IPropertyExpressionSupport.h"
 #include "host_sdk/IPropertyUnspecifiedSupport.h"
 #include "refhost/automation/IAutomationIdentity.h"
+#include "refhost/automation/IPropertyOfDialog.h"
 #include "refhost/automation/LiveObject.h"
 #include "refhost/automation/PropertyDispatch.h"
 
@@ -28,6 +30,8 @@ class AutomationObject : public fw::ComObjectRoot,
                          public IPropertyExpressionSupport,
                          public IPerPropertyBrowsing,
                          public IAutomationIdentity,
+                         public IPropertyOfDialog,
+                         public IKvHyperlinkHost,
                          private LiveObject {
 public:
     static std::span<const fw::InterfaceEntry> Interfaces();
@@ -64,6 +68,12 @@ public:
     // IAutomationIdentity
     KvDbObjectId STDMETHODCALLTYPE DatabaseObject() override { return m_id; }
 
+    // IKvHyperlinkHost
+    STDMETHODIMP GetHyperlinks(IKvHyperlinkCollection** hyperlinks) override;
+
+    // IPropertyOfDialog
+    DISPID STDMETHODCALLTYPE PropertyOfDialog(REFCLSID dialog) override;
+
 protected:
     ~AutomationObject();
 
@@ -76,7 +86,9 @@ protected:
                           fw::Implements<Class, IPropertyUnspecifiedSupport>(),
                           fw::Implements<Class, IPropertyExpressionSupport>(),
                           fw::Implements<Class, IPerPropertyBrowsing>(),
-                          fw::Implements<Class, IAutomationIdentity>()};
+                          fw::Implements<Class, IAutomationIdentity>(),
+                          fw::Implements<Class, IPropertyOfDialog>(),
+                          fw::Implements<Class, IKvHyperlinkHost>()};
     }
 
     [[nodiscard]] KvDbObjectId Id() const { return m_id; }

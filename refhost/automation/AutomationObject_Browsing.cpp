@@ -3,6 +3,7 @@
 #include "framework/base/Hresult.h"
 #include "refhost/automation/AutomationObject.h"
 #include "refhost/automation/CountedArrays.h"
+#include "refhost/automation/Hyperlinks.h"
 #include "refhost/automation/PropertyTable.h"
 #include "refhost/testing/ServiceCall.h"
 
@@ -45,6 +46,26 @@ STDMETHODIMP AutomationObject::MapPropertyToPage(DISPID dispid, CLSID* page) {
                  property == nullptr || property->dialog == nullptr);
     *page = *property->dialog;
     return call.ReturnsCode(S_OK);
+}
+
+STDMETHODIMP AutomationObject::GetHyperlinks(IKvHyperlinkCollection** hyperlinks) {
+    RETURN_IF_NULL_POINTER(hyperlinks);
+    *hyperlinks = nullptr;
+    ServiceCall call(L"GetHyperlinks", Id());
+    RETURN_HR_IF(call.ReturnsCode(E_FAIL), call.Fails());
+    const PropertyDescription* const property = m_table->FindByName(L"Hyperlink");
+    fw::Variant text;
+    RETURN_HR_IF(call.ReturnsCode(E_FAIL), property != nullptr && Read(*property, text) != Tolm::eOk);
+    return call.ReturnsCode(MakeHyperlinks(std::wstring(text.StringView()), hyperlinks));
+}
+
+DISPID STDMETHODCALLTYPE AutomationObject::PropertyOfDialog(REFCLSID dialog) {
+    for (const PropertyDescription& property : m_table->Rows()) {
+        if (property.dialog != nullptr && *property.dialog == dialog) {
+            return property.dispid;
+        }
+    }
+    return DISPID_UNKNOWN;
 }
 
 STDMETHODIMP AutomationObject::GetPredefinedStrings(DISPID dispid, CALPOLESTR* strings, CADWORD* cookies) {

@@ -4,6 +4,10 @@
 namespace kvhost::controls {
 
 inline constexpr wchar_t Text[] = L"KvPePropertyEditorText";
+inline constexpr wchar_t TextWithExpression[] = L"KvPePropertyEditorTextEx";
+inline constexpr wchar_t TextWithDialog[] = L"KvPePropertyEditorEditButton";
+inline constexpr wchar_t DialogOnly[] = L"KvPePropertyEditorEllipses";
+inline constexpr wchar_t Hyperlinks[] = L"KvPePropertyEditorEllipsesHyperlinks";
 inline constexpr wchar_t Password[] = L"KvPePropertyEditorPwdText";
 inline constexpr wchar_t Length[] = L"KvPePropertyEditorTOLMNumeric";
 inline constexpr wchar_t Number[] = L"KvPePropertyEditorNumeric";

@@ -17,6 +17,7 @@ public:
 private:
     DWORD m_byObjects = 0;
     DWORD m_byIds = 0;
+    DWORD m_prompts = 0;
 };
 
 }  // namespace kvhost

@@ -1,5 +1,6 @@
 #include "refhost/automation/ControlNames.h"
 #include "refhost/automation/PropertyAccess.h"
+#include "refhost/automation/PropertyDialogIds.h"
 #include "refhost/automation/PropertyTables.h"
 #include "refhost/db/Attribute.h"
 #include "refhost/db/BlockReference.h"
@@ -52,10 +53,11 @@ constexpr PropertyDescription c_textRows[] = {
 constexpr PropertyDescription c_attributeRows[] = {
     {251, L"TagString", L"Tag", c_attribute, VT_BSTR, controls::Text, 0, ReadText<Attribute, &Attribute::Tag>,
      WriteText<Attribute, &Attribute::SetTag>},
-    {252, L"PromptString", L"Prompt", c_attribute, VT_BSTR, controls::Text, 0,
-     ReadText<Attribute, &Attribute::Prompt>, WriteText<Attribute, &Attribute::SetPrompt>},
-    {DispidAttributeValue, L"TextString", L"Value", c_attribute, VT_BSTR, controls::Text, PropertyExpression,
-     ReadText<Attribute, &Attribute::Value>, WriteText<Attribute, &Attribute::SetValue>},
+    {252, L"PromptString", L"Prompt", c_attribute, VT_BSTR, controls::DialogOnly, PropertyDialog,
+     ReadText<Attribute, &Attribute::Prompt>, WriteText<Attribute, &Attribute::SetPrompt>, nullptr, nullptr,
+     &CLSID_PromptDialog},
+    {DispidAttributeValue, L"TextString", L"Value", c_attribute, VT_BSTR, controls::TextWithExpression,
+     PropertyExpression, ReadText<Attribute, &Attribute::Value>, WriteText<Attribute, &Attribute::SetValue>},
     {254, L"Height", L"Height", c_attribute, VT_R8, controls::Length, 0,
      ReadNumber<Attribute, &Attribute::Height>, WriteNumber<Attribute, &Attribute::SetHeight>},
     {255, L"Rotation", L"Rotation", c_attribute, VT_R8, controls::Length, PropertyAngle,

@@ -104,6 +104,9 @@ void* ScriptedObject::Find(REFIID id) {
     if (isOffered(OffersUpdate, __uuidof(IGraphicalObjectUpdate))) {
         return static_cast<IGraphicalObjectUpdate*>(this);
     }
+    if (isOffered(OffersBrowsing, __uuidof(IPropertyOfDialog))) {
+        return static_cast<IPropertyOfDialog*>(this);
+    }
     if (isOffered(OffersBrowsing, IID_IPerPropertyBrowsing)) {
         return static_cast<IPerPropertyBrowsing*>(this);
     }
@@ -292,6 +295,15 @@ STDMETHODIMP ScriptedObject::GetDisplayString(DISPID dispid, BSTR* text) {
 
 STDMETHODIMP ScriptedObject::MapPropertyToPage(DISPID dispid, CLSID* page) {
     return AnswerMapPropertyToPage(script, Known(dispid), dispid, page);
+}
+
+DISPID STDMETHODCALLTYPE ScriptedObject::PropertyOfDialog(REFCLSID dialog) {
+    for (const auto& [dispid, value] : m_values) {
+        if (value->page == dialog) {
+            return dispid;
+        }
+    }
+    return DISPID_UNKNOWN;
 }
 
 STDMETHODIMP ScriptedObject::GetPredefinedStrings(DISPID dispid, CALPOLESTR* strings, CADWORD* cookies) {

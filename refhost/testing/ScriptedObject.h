@@ -12,6 +12,7 @@
 #include "host_sdk/IPropertyExpressionSupport.h"
 #include "host_sdk/IPropertyUnspecifiedSupport.h"
 #include "host_sdk/ITransientObjectIdentity.h"
+#include "refhost/automation/IPropertyOfDialog.h"
 #include "refhost/testing/CallScript.h"
 #include "refhost/testing/ScriptedValue.h"
 
@@ -46,7 +47,8 @@ class KVHOST_API ScriptedObject final : public IDispatch,
                                         public IGraphicalObjectUpdate,
                                         public IPerPropertyBrowsing,
                                         public IPropertyElementAccess,
-                                        public IPropertyElementAccess2 {
+                                        public IPropertyElementAccess2,
+                                        public IPropertyOfDialog {
 public:
     [[nodiscard]] static fw::ComPtr<ScriptedObject> Make(std::wstring name, unsigned interfaces = 0);
     ScriptedObject(const ScriptedObject&) = delete;
@@ -130,6 +132,9 @@ public:
     STDMETHODIMP SetElementValue(long dispid, IDispatch* object, unsigned key, VARIANT value) override;
     STDMETHODIMP GetGroupSize(long dispid, IDispatch* object, unsigned* size) override;
     STDMETHODIMP GetGroupCount(long dispid, IDispatch* object, long* count) override;
+
+    // IPropertyOfDialog, offered with IPerPropertyBrowsing
+    DISPID STDMETHODCALLTYPE PropertyOfDialog(REFCLSID dialog) override;
 
 private:
     ScriptedObject(std::wstring name, unsigned offered);

@@ -7,7 +7,10 @@
 #include "refhost/automation/ApplicationObject.h"
 #include "refhost/automation/PropertyDialogIds.h"
 #include "refhost/db/Circle.h"
+#include "refhost/db/Database.h"
+#include "refhost/db/ScopedOpen.h"
 #include "refhost/testing/Answers.h"
+#include "refhost/testing/Faults.h"
 #include "refhost/ui/ResourceIds.h"
 #include "tests/support/ExpectCalls.h"
 #include "tests/support/MessagePump.h"
@@ -59,6 +62,68 @@ TEST_F(PropertyDialogsTest, ByObjects_PreparedText_IsTheResult) {
     text.Attach(raw);
     EXPECT_EQ(text.View(), L"edited");
     EXPECT_CALLS(journal, "IPropertyDialogByObjects.ShowDialog before 3");
+}
+
+TEST_F(PropertyDialogsTest, ByIds_EditedText_IsGivenToEachObjectAsOneStepOfUndo) {
+    const KvDbObjectId first = Add<kvhost::Circle>();
+    const KvDbObjectId second = Add<kvhost::Circle>();
+    KvArray<KvDbObjectId> ids;
+    ids.append(first);
+    ids.append(second);
+    const auto dialog = Create(PageOf(105)).As<IPropertyDialogByIds>();
+    Answers::QueueText(L"https://example.org");
+    fw::Bstr text(L"before");
+    BSTR raw = text.Detach();
+    kvhost::Journal journal;
+    EXPECT_EQ(dialog->ShowDialog(&raw, &ids), S_OK);
+    text.Attach(raw);
+    EXPECT_EQ(kvtest::CallsOnly(journal, {"Invoke"}).size(), 2u);
+    for (const KvDbObjectId id : {first, second}) {
+        const kvhost::ScopedOpen<kvhost::Circle> circle(id);
+        EXPECT_EQ(circle->Hyperlink(), L"https://example.org");
+    }
+    auto& undo = static_cast<kvhost::Database*>(first.database())->Undo();
+    EXPECT_EQ(undo.OpenGroups(), 0);
+    EXPECT_EQ(undo.UndoByUser(1), Tolm::eOk);
+    for (const KvDbObjectId id : {first, second}) {
+        const kvhost::ScopedOpen<kvhost::Circle> circle(id);
+        EXPECT_EQ(circle->Hyperlink(), L"");
+    }
+}
+
+TEST_F(PropertyDialogsTest, ConfirmedWithoutChange_WritesNothing) {
+    KvArray<KvDbObjectId> ids;
+    ids.append(Add<kvhost::Circle>());
+    const auto dialog = Create(PageOf(105)).As<IPropertyDialogByIds>();
+    Answers::QueueText(L"before");
+    fw::Bstr text(L"before");
+    BSTR raw = text.Detach();
+    kvhost::Journal journal;
+    EXPECT_EQ(dialog->ShowDialog(&raw, &ids), S_OK);
+    text.Attach(raw);
+    EXPECT_TRUE(kvtest::CallsOnly(journal, {"Invoke"}).empty());
+}
+
+TEST_F(PropertyDialogsTest, ObjectsThatRefuse_AreTold) {
+    KvArray<KvDbObjectId> ids;
+    ids.append(Add<kvhost::Circle>());
+    ids.append(Add<kvhost::Circle>());
+    const auto dialog = Create(PageOf(105)).As<IPropertyDialogByIds>();
+    for (const std::size_t failing : {1U, 0U}) {
+        Answers::QueueText(L"after");
+        static_cast<void>(Answers::TakeShown());
+        kvhost::Faults::FailService(L"Invoke", failing);
+        fw::Bstr text(L"before");
+        BSTR raw = text.Detach();
+        EXPECT_EQ(dialog->ShowDialog(&raw, &ids), failing == 1 ? S_OK : E_FAIL);
+        text.Attach(raw);
+        kvhost::Faults::Reset();
+        const std::vector<std::wstring> shown = Answers::TakeShown();
+        ASSERT_EQ(shown.size(), 2u);
+        EXPECT_EQ(shown[1], failing == 1 ? L"1 of 2 objects could not be changed."
+                                         : L"2 of 2 objects could not be changed.");
+        EXPECT_EQ(text.View(), failing == 1 ? L"after" : L"before");
+    }
 }
 
 TEST_F(PropertyDialogsTest, ByIds_Cancelled_KeepsTheText) {

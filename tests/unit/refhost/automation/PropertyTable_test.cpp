@@ -57,9 +57,11 @@ TEST(PropertyTable, Find_ByIdAndByNameInAnyCase) {
 
 TEST(PropertyTable, TextRows_UseTheTextControls) {
     const PropertyTable& table = *PropertyTable::Of(L"Text");
-    for (const wchar_t* const name : {L"TextString", L"StyleName", L"Description", L"Hyperlink", L"Handle"}) {
+    for (const wchar_t* const name : {L"TextString", L"StyleName", L"Handle"}) {
         EXPECT_STREQ(table.FindByName(name)->control, L"KvPePropertyEditorText");
     }
+    EXPECT_STREQ(table.FindByName(L"Description")->control, L"KvPePropertyEditorEditButton");
+    EXPECT_STREQ(table.FindByName(L"Hyperlink")->control, L"KvPePropertyEditorEllipsesHyperlinks");
     EXPECT_STREQ(table.FindByName(L"Passcode")->control, L"KvPePropertyEditorPwdText");
     EXPECT_TRUE(table.FindByName(L"Passcode")->Has(kvhost::PropertyMasked));
 }
