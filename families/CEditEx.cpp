@@ -38,6 +38,12 @@ void CEditEx::SetNextFocusWindow(CWnd* window) {
     m_tabToNextWindow = window != nullptr;
 }
 
+void CEditEx::ForgetNextFocusWindow(const CWnd* window) {
+    if (m_nextFocusWindow == window) {
+        SetNextFocusWindow(nullptr);
+    }
+}
+
 BOOL CEditEx::PreTranslateMessage(MSG* message) {
     if (message->hwnd != m_hWnd) {
         return CEdit::PreTranslateMessage(message);

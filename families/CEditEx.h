@@ -26,6 +26,8 @@ public:
 
     /// Tab goes to this window instead of leaving the row; null for none. Not owned.
     void SetNextFocusWindow(CWnd* window);
+    /// To be told before the window ends.
+    void ForgetNextFocusWindow(const CWnd* window);
 
     CKvPeEditBase* GetOwner() const { return m_owner; }
     bool IsInReturnKey() const { return m_inReturnKey != FALSE; }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "refhost/automation/PropertyDialogIds.h"
 #include "refhost/db/Polyline.h"
 #include "refhost/db/Text.h"
 
@@ -40,6 +41,11 @@ void TellDirectionsOfProperty(kvhost::ScriptedDynamicProperty& property) {
     property.interfaces |= kvhost::OffersValues;
     property.values = {{L"clockwise", fw::Variant::FromLong(0)},
                        {L"counterclockwise", fw::Variant::FromLong(1)}};
+}
+
+void PrepareDialog(kvhost::ScriptedObject& object, DISPID property) {
+    object.interfaces |= kvhost::OffersBrowsing;
+    object.At(property).page = kvhost::CLSID_TextDialogByObjects;
 }
 
 }  // namespace kvtest

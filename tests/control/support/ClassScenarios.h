@@ -14,6 +14,9 @@ KvDbObjectId AppendPolyline(kvhost::Database& database);
 void TellDirections(kvhost::ScriptedObject& object, DISPID property);
 void TellDirectionsOfProperty(kvhost::ScriptedDynamicProperty& property);
 
+// Gives the property of a scripted object a dialog.
+void PrepareDialog(kvhost::ScriptedObject& object, DISPID property);
+
 /// What each available class needs to join the suites. A class that is READY in core/ClassList.inc and has no
 /// row here does not compile.
 inline constexpr ClassScenario c_classScenarios[] = {
@@ -64,6 +67,45 @@ inline constexpr ClassScenario c_classScenarios[] = {
      .objectProperty = 263,
      .append = &AppendPolyline,
      .initAnswer = InitAnswer::Fail},
+    {.coclass = "KvPePropertyEditorTextEx",
+     .before = {VT_BSTR, L"before"},
+     .alike = {VT_BSTR, L"BEFORE"},
+     .after = {VT_BSTR, L"after"},
+     .edit = Types(L"after"),
+     .objectClass = L"Text",
+     .objectProperty = 231,
+     .append = &AppendText,
+     .buttonAnswer = S_OK},
+    {.coclass = "KvPePropertyEditorEditButton",
+     .before = {VT_BSTR, L"before"},
+     .alike = {VT_BSTR, L"BEFORE"},
+     .after = {VT_BSTR, L"after"},
+     .edit = Types(L"after"),
+     .objectClass = L"Text",
+     .objectProperty = 104,
+     .append = &AppendText,
+     .buttonAnswer = S_OK,
+     .prepareObject = &PrepareDialog},
+    {.coclass = "KvPePropertyEditorEllipses",
+     .before = {VT_BSTR, L"before"},
+     .alike = {VT_BSTR, L"BEFORE"},
+     .after = {VT_BSTR, L"after"},
+     .edit = PressesAndTypes(L"after"),
+     .objectClass = L"Text",
+     .objectProperty = 104,
+     .append = &AppendText,
+     .buttonAnswer = S_OK,
+     .prepareObject = &PrepareDialog},
+    {.coclass = "KvPePropertyEditorEllipsesHyperlinks",
+     .before = {VT_BSTR, L"before"},
+     .alike = {VT_BSTR, L"BEFORE"},
+     .after = {VT_BSTR, L"after"},
+     .edit = PressesAndTypes(L"after"),
+     .objectClass = L"Text",
+     .objectProperty = 105,
+     .append = &AppendText,
+     .buttonAnswer = S_OK,
+     .prepareObject = &PrepareDialog},
 };
 
 /// The row of a class; null when it has none.

@@ -2,6 +2,7 @@
 
 #include <cwchar>
 
+#include "refhost/testing/Answers.h"
 #include "tests/support/MessagePump.h"
 
 namespace kvtest {
@@ -15,6 +16,14 @@ bool UserEdit::Enter(HWND row) const {
         ::SendMessageW(child, CB_SHOWDROPDOWN, TRUE, 0);
         return ::SendMessageW(child, CB_SETCURSEL, static_cast<WPARAM>(entry), 0) == entry;
     }
+    if (way == EditWay::Press) {
+        kvhost::Answers::QueueText(text);
+        PressInRow(::GetParent(child), VK_RETURN);
+        if (kvhost::Answers::Waiting() > 0) {
+            static_cast<void>(kvhost::Answers::Take({}));  // no dialog came
+        }
+        return true;
+    }
     ::SendMessageW(child, EM_SETSEL, 0, -1);
     for (const wchar_t* character = text; *character; ++character) {
         ::SendMessageW(child, WM_CHAR, static_cast<WPARAM>(*character), 1);
@@ -27,7 +36,8 @@ bool UserEdit::IsShownIn(HWND child) const {
         return ::SendMessageW(child, CB_GETCURSEL, 0, 0) == entry;
     }
     wchar_t shown[50]{};
-    ::GetWindowTextW(child, shown, 50);
+    const HWND box = way == EditWay::Press ? ::GetDlgItem(::GetParent(child), 1038) : child;
+    ::GetWindowTextW(box, shown, 50);
     return std::wcscmp(shown, text) == 0;
 }
 

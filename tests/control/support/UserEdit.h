@@ -7,6 +7,7 @@ namespace kvtest {
 enum class EditWay {
     Type,    ///< into the box in edit
     Choose,  ///< an entry of the list that drops down
+    Press,   ///< the button in focus, into the dialog behind it, which writes at once
 };
 
 /// What a user does in a row in edit to give it another value.
@@ -26,6 +27,10 @@ constexpr UserEdit Types(const wchar_t* text) {
 }
 constexpr UserEdit Chooses(int entry) {
     return {EditWay::Choose, L"", entry};
+}
+
+constexpr UserEdit PressesAndTypes(const wchar_t* text) {
+    return {EditWay::Press, text, -1};
 }
 
 /// The row's child that has the focus; null when the row is not in edit.

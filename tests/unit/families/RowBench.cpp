@@ -1,6 +1,8 @@
 #include "tests/unit/families/RowBench.h"
 
+#include "core/ChildIds.h"
 #include "core/Satellite.h"
+#include "families/CKvPeButtonEditBase.h"
 #include "tests/support/RowWarmUp.h"
 #include "tests/support/WarmUp.h"
 
@@ -24,6 +26,9 @@ LRESULT RowWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
             return row->Handle_OnCtlColor(message, wParam, lParam, handled);
         case WM_KVPE_DRAW_TIP:
             return row->Handle_OnDrawTooltip(message, wParam, lParam, handled);
+        case WM_COMMAND:
+        case WM_DRAWITEM:
+            return OnChildMessage(message, wParam, lParam);
         case WM_MOUSEWHEEL:
             Note(L"wheel", static_cast<int>(GET_WHEEL_DELTA_WPARAM(wParam)));
             return 0;
@@ -40,6 +45,24 @@ LRESULT RowWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         default:
             return CWnd::WindowProc(message, wParam, lParam);
     }
+}
+
+LRESULT RowWindow::OnChildMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    BOOL handled = TRUE;
+    LRESULT result = 0;
+    auto* const buttons = dynamic_cast<CKvPeButtonEditBase*>(row);
+    if (!buttons) {
+        handled = FALSE;
+    } else if (message == WM_DRAWITEM) {
+        result = buttons->OnDrawButton(message, wParam, reinterpret_cast<DRAWITEMSTRUCT*>(lParam), handled);
+    } else if (LOWORD(wParam) == KVPE_ID_EDIT) {
+        result =
+            buttons->OnEditKillFocus(HIWORD(wParam), LOWORD(wParam), reinterpret_cast<HWND>(lParam), handled);
+    } else {
+        result =
+            buttons->OnButtonCommand(HIWORD(wParam), LOWORD(wParam), reinterpret_cast<HWND>(lParam), handled);
+    }
+    return handled ? result : CWnd::WindowProc(message, wParam, lParam);
 }
 
 }  // namespace kvtest

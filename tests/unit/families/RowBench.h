@@ -112,6 +112,9 @@ public:
     CKvPeCtrlBase* row = nullptr;
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    LRESULT OnChildMessage(UINT message, WPARAM wParam, LPARAM lParam);
 };
 
 /// A frame window with one row in it.
