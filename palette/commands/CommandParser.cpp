@@ -253,7 +253,7 @@ Without a command the window opens and stays; commands run in order.
   --list ROW [--json]  open the row's list and print its entries
   --hover "ROW=ENTRY"  open the list and rest on the entry, which the drawing previews
   --escape             leave the open row without committing
-  --click "ROW:BUTTON" press a button in the row
+  --click "ROW:BUTTON" press a button in the row: dialog, calculator or pick
   --answer "TEXT"      prepare the answer to the next dialog
   --pick "x,y[,z]"     give a point to the waiting point input
   --undo [N] --redo [N]

@@ -79,7 +79,7 @@ CommandResult CommandRunner::RunRowCommand(const Command& command) {
         case CommandKind::Hover:
             return m_editor.Hover(command.target, command.value);
         case CommandKind::Click:
-            return m_editor.RefuseByKind(command.target, L"buttons");
+            return m_editor.Click(command.target, command.value);
         case CommandKind::Pick:
             return CommandResult::Refused(L"no row waits for a point");
         default:

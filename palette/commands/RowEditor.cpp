@@ -1,6 +1,7 @@
 #include "palette/commands/RowEditor.h"
 
 #include <cstddef>
+#include <iterator>
 #include <vector>
 
 #include "framework/base/Hresult.h"
@@ -55,6 +56,12 @@ HWND HintBelow(HWND row) {
     ::GetWindowRect(row, &search.row);
     ::EnumThreadWindows(::GetCurrentThreadId(), FindHint, reinterpret_cast<LPARAM>(&search));
     return search.found;
+}
+
+bool TakesText(HWND child) {
+    wchar_t name[32]{};
+    ::GetClassNameW(child, name, static_cast<int>(std::size(name)));
+    return ::lstrcmpiW(name, WC_EDITW) == 0 && (::GetWindowLongPtrW(child, GWL_STYLE) & ES_READONLY) == 0;
 }
 
 std::wstring TextOf(const RowReading& reading) {
@@ -129,6 +136,10 @@ CommandResult RowEditor::Set(const std::wstring& name, const std::wstring& text)
     }
     if (DropDown::Around(edit)) {
         return Choose(name, text);
+    }
+    if (!TakesText(edit)) {
+        m_window.Palette().Pane().LeaveRow();
+        return CommandResult::Refused(L"the row changes through its button only");
     }
     const RowReading before = ReadRow(Row(row).property);
     fw::Ignore(kvhost::Answers::TakeShown());  // what came up before has nothing to do with this edit
@@ -250,14 +261,6 @@ CommandResult RowEditor::ShowTip(const std::wstring& name) {
     }
     PumpMessages();
     return CommandResult::Done();
-}
-
-CommandResult RowEditor::RefuseByKind(const std::wstring& name, const wchar_t* wanted) {
-    std::size_t row = 0;
-    if (CommandResult found = Find(name, row); !found) {
-        return found;
-    }
-    return CommandResult::Refused(std::wstring(L"the row has no ") + wanted);
 }
 
 }  // namespace kvpalette

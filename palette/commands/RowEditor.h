@@ -39,8 +39,8 @@ public:
     void CancelOpenList();
     /// Rests the pointer over the row until its tip shows.
     [[nodiscard]] CommandResult ShowTip(const std::wstring& row);
-    /// The answer for commands on buttons: which rows there are tells what can be done.
-    [[nodiscard]] CommandResult RefuseByKind(const std::wstring& row, const wchar_t* wanted);
+    /// Presses a button of the row: "dialog", "calculator" or "pick". What opens takes the prepared answer.
+    [[nodiscard]] CommandResult Click(const std::wstring& row, const std::wstring& button);
 
 private:
     CommandResult Find(const std::wstring& name, std::size_t& row);

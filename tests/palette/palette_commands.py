@@ -230,6 +230,34 @@ class Edits(PaletteTest):
             run = self.run_palette(SITE, "--select", hall, *command)
             self.assertEqual(run.status, 4, run.errors)
 
+    def test_click_opens_the_dialog_behind_a_row(self):
+        hall = handles("Text", "Village hall")[0]
+        run = self.succeed(self.run_batch(
+            SITE, f"--select {hall}", "--answer https://example.org/dance", "--click Hyperlink:dialog",
+            "--answer Cancel", "--click Hyperlink:dialog", "--rows --json", f"--say {MARK}",
+            "--answer \"by the road\"", "--click Description:dialog", "--objects --json", f"--say {MARK}",
+            "--undo 2", "--objects --json"))
+        self.assertEqual(rows_by_name(run.json())["Hyperlink"]["text"], "https://example.org/dance")
+        changed = run.json(1)["objects"][0]["properties"]
+        self.assertEqual((changed["Hyperlink"], changed["Description"]), ("https://example.org/dance", "by the road"))
+        before = run.json(2)["objects"][0]["properties"]
+        self.assertNotEqual(before["Hyperlink"], changed["Hyperlink"])
+        self.assertNotEqual(before["Description"], changed["Description"])
+
+    def test_click_without_such_a_button_is_refused(self):
+        hall = handles("Text", "Village hall")[0]
+        for click, reason in (("Hyperlink:pick", "no button 'pick'"), ("Contents:dialog", "no button"),
+                              ("Height:pick", "not available"), ("Nothing:dialog", "no such row")):
+            run = self.run_palette(SITE, "--select", hall, "--click", click)
+            self.assertEqual(run.status, 4, click + run.errors)
+            self.assertIn(reason, run.errors)
+
+    def test_row_that_changes_by_its_dialog_takes_no_text(self):
+        hall = handles("Text", "Village hall")[0]
+        run = self.run_palette(SITE, "--select", hall, "--set", "Hyperlink=https://example.org")
+        self.assertEqual(run.status, 4, run.errors)
+        self.assertIn("through its button only", run.errors)
+
     def test_escape_takes_back_what_was_typed(self):
         hall = handles("Text", "Village hall")[0]
         run = self.succeed(self.run_batch(
