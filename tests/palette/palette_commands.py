@@ -127,7 +127,8 @@ class Rows(PaletteTest):
         self.assertTrue(rows["Handle"]["readOnly"])
         self.assertEqual(rows["Handle"]["text"], hall)
         self.assertEqual(rows["Layer"]["shownBy"], "text")
-        self.assertEqual(rows["Height"]["shownBy"], "palette")
+        self.assertEqual(rows["Height"]["shownBy"], "control")
+        self.assertEqual(rows["Position"]["shownBy"], "palette")
         self.assertEqual(rows["Remarks"]["text"], "Keys at house 6")
         self.assertNotIn("4711", run.output)
         self.assertRegex(run.parts[1], r"(?m)^Contents +Text +KvPePropertyEditorText +Village hall +specific +no$")
@@ -204,7 +205,8 @@ class Edits(PaletteTest):
         hall = handles("Text", "Village hall")[0]
         for command, reason in (
             ("Handle=1", "read-only"),
-            ("Height=3", "not available"),
+            ("Position=3,4", "not available"),
+            ("Height=tall", "keep their value"),
             ("Nothing=1", "no such row"),
             ("Layer=No such layer", ""),
         ):
@@ -216,6 +218,22 @@ class Edits(PaletteTest):
         run = self.run_palette(SITE, "--select", locked, "--set", "Contents=moved")
         self.assertEqual(run.status, 4, run.errors)
         self.assertIn("read-only", run.errors)
+
+    def test_numbers_are_in_the_units_of_the_drawing(self):
+        arc = "--select class=Arc"
+        run = self.succeed(self.run_batch(
+            SITE, arc, "--setvar LUNITS=4", "--setvar LUPREC=4", "--setvar AUNITS=1", "--setvar AUPREC=4",
+            "--rows --json", f"--say {MARK}", '--set "Radius=1\'-6 1/2\\""', '--set "Start angle=N 30d E"',
+            "--rows --json", f"--say {MARK}", "--objects --json", f"--say {MARK}", "--setvar LUNITS=2",
+            "--rows --json", f"--say {MARK}", "--undo 3", "--rows --json"))
+        before, changed, decimal, undone = (rows_by_name(json.loads(run.parts[i])) for i in (0, 1, 3, 4))
+        self.assertEqual(before["Radius"]["text"], '9"')
+        self.assertEqual(before["Start angle"]["text"], "176d24'0\"")
+        self.assertEqual(changed["Radius"]["text"], "1'-6 1/2\"")
+        self.assertEqual(changed["Start angle"]["text"], "60d0'0\"")
+        self.assertEqual(json.loads(run.parts[2])["objects"][0]["properties"]["Radius"], 18.5)
+        self.assertEqual(decimal["Radius"]["text"], "18.5000")
+        self.assertEqual(undone["Radius"]["text"], '9"')
 
     def test_locked_objects_keep_their_value_among_others(self):
         # The contents differ before the locked text is reached, so that the row does not know of it.

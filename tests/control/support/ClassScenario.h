@@ -48,6 +48,8 @@ struct ClassScenario {
     InitAnswer initAnswer = InitAnswer::OfTheRead;
     /// What LaunchDialog answers with the flags of the row's own button before the row has a window.
     HRESULT buttonAnswer = E_UNEXPECTED;
+    /// SetValue takes what the row can read as its value, and answers E_FAIL to all else.
+    bool readsValues = false;
     /// Puts into the drawing what the row offers, such as its layers.
     void (*arrange)(kvhost::Database& database) = nullptr;
     /// Lets a scripted object tell the entries of the property.
