@@ -15,6 +15,7 @@ constexpr const wchar_t* c_label = L"Label";
 std::unique_ptr<kvhost::Text> MakeText(double height) {
     auto text = std::make_unique<kvhost::Text>();
     Require(text->SetContent(L"shared content") == Tolm::eOk && text->SetHeight(height) == Tolm::eOk &&
+                text->SetRotation(Drawing::c_rotation) == Tolm::eOk &&
                 text->SetCustomAttribute(c_label, L"shared label") == Tolm::eOk,
             "a text takes its values");
     return text;
@@ -62,6 +63,7 @@ Drawing::Drawing(int count) : m_document(m_host->Documents().New()) {
     }
     m_contentId = IdOfName(*m_objects[0], L"TextString");
     m_heightId = IdOfName(*m_objects[0], L"Height");
+    m_rotationId = IdOfName(*m_objects[0], L"Rotation");
     m_label = FindLabel(ids[0]);
     ForgetUndo();
 }

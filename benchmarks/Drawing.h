@@ -21,8 +21,8 @@ inline void Require(bool condition, const char* what) {
     }
 }
 
-/// A host with one drawing of texts. All share their content and the attribute "Label"; the second one alone
-/// has another height.
+/// A host with one drawing of texts. All share their content, their rotation and the attribute "Label"; the
+/// second one alone has another height.
 class Drawing {
 public:
     explicit Drawing(int count);
@@ -34,6 +34,9 @@ public:
     [[nodiscard]] IUnknown* Label() const { return m_label.Get(); }
     [[nodiscard]] long ContentId() const { return m_contentId; }
     [[nodiscard]] long HeightId() const { return m_heightId; }
+    /// A number that all share.
+    [[nodiscard]] long RotationId() const { return m_rotationId; }
+    static constexpr double c_rotation = 0.5;
 
     /// Gives the control the first `count` objects; with DISPID_DYNAMIC their label.
     void Select(CKvPeCtrlBase& control, int count, long dispid) const;
@@ -47,6 +50,7 @@ private:
     fw::ComPtr<IUnknown> m_label;
     long m_contentId = 0;
     long m_heightId = 0;
+    long m_rotationId = 0;
 };
 
 /// Fails unless both make the same host calls with the same arguments in the same order.

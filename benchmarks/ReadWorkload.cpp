@@ -1,11 +1,16 @@
 #include "benchmarks/Drawing.h"
 #include "benchmarks/Workloads.h"
 #include "core/DispatchIds.h"
+#include "core/HostDocument.h"
 #include "framework/com/Bstr.h"
 #include "host_sdk/IDynamicPropertyByObject.h"
 #include "host_sdk/IPropertyEditability.h"
 #include "host_sdk/IPropertyExpressionSupport.h"
 #include "host_sdk/IPropertyUnspecifiedSupport.h"
+#include "host_sdk/KvApDocument.h"
+#include "host_sdk/KvDbHostApplicationServices.h"
+#include "host_sdk/KvDbUnits.h"
+#include "numeric/CPropertyEditorTOLMNumeric.h"
 
 // The floor: the host calls of a read with what they oblige their caller to (release, free), nothing else.
 namespace kvbench {
@@ -88,6 +93,49 @@ void ReadDirectly(const Drawing& drawing, int count, long dispid) {
     }
 }
 
+void AskForDocument() {
+    Require(kvdbHostApplicationServices()->workingDatabase() == kvDocManagerPtr()->curDocument()->database(),
+            "the document's database works");
+}
+
+void FormatNumber() {
+    AskForDocument();
+    wchar_t text[KVDB_NUMBER_TEXT_SIZE];
+    Require(kvdbRToS(Drawing::c_rotation, KVDB_CURRENT_SETTING, KVDB_CURRENT_SETTING, text) == KVED_RTNORM,
+            "a number has a text");
+}
+
+// A number is compared by its text: that of the first object and of each further one.
+void ReadNumbersDirectly(const Drawing& drawing, int count) {
+    AskForDocument();
+    for (int index = 0; index < count; ++index) {
+        ReadObject(drawing.Objects()[static_cast<std::size_t>(index)].Get(), drawing.RotationId());
+        if (index > 0) {
+            FormatNumber();
+            FormatNumber();
+        }
+    }
+    FormatNumber();
+}
+
+void MeasureNumberRead(const Drawing& drawing, int count, std::vector<Figure>& figures) {
+    constexpr const char* c_name = "read, number";
+    CPropertyEditorTOLMNumeric row(nullptr, nullptr);
+    Require(row.SetNumericDataType(PE_TOLM_DISTANCE) == S_OK, "the row takes distances");
+    drawing.Select(row, count, drawing.RotationId());
+    fw::Variant value;
+    const auto read = [&] {
+        ValueType type = ValueType_Expression;
+        Require(row.GetPropertyValue(value.Address(), type) == S_OK && type == ValueType_Specific,
+                "the row reads the number");
+    };
+    const auto readDirectly = [&] { ReadNumbersDirectly(drawing, count); };
+    if (count <= 100) {
+        RequireSameCalls(read, readDirectly, c_name);
+    }
+    figures.push_back(Measure(c_name, count, read, readDirectly));
+}
+
 // `readObjects` is how many objects the read looks at: all, or up to the first that differs.
 void MeasureRead(const Drawing& drawing, const char* name, int count, long dispid, int readObjects,
                  std::vector<Figure>& figures) {
@@ -120,6 +168,9 @@ void MeasureReads(Drawing& drawing, std::span<const int> sizes, std::vector<Figu
     }
     for (const int size : sizes) {
         MeasureRead(drawing, "read, dynamic property", size, DISPID_DYNAMIC, size, figures);
+    }
+    for (const int size : sizes) {
+        MeasureNumberRead(drawing, size, figures);
     }
 }
 
