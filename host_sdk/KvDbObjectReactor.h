@@ -6,8 +6,9 @@
 
 class KvDbObject;
 
-/// Hears of the changes of the objects that it is added to (KvDbObject::addReactor). Not owned by them:
-/// remove it before it dies. Each operation does nothing unless a class overrides it. Their order is fixed.
+/// Hears of the changes of the objects that it is added to (KvDbObject::addReactor). Not owned by them;
+/// one that dies attached is taken off. Each operation does nothing unless a class overrides it. Their order
+/// is fixed.
 class KVHOST_API KvDbObjectReactor : public KvRxObject {
 public:
     KvDbObjectReactor();

@@ -1,11 +1,15 @@
 // Operations of the host's interfaces that have a body of their own.
 #include "host_sdk/KvDbObjectReactor.h"
 #include "host_sdk/KvDbSymbolTable.h"
+#include "refhost/db/ReactorLink.h"
 
 KvDbSymbolTableIterator::~KvDbSymbolTableIterator() = default;
 
 KvDbObjectReactor::KvDbObjectReactor() = default;
-KvDbObjectReactor::~KvDbObjectReactor() = default;
+
+KvDbObjectReactor::~KvDbObjectReactor() {
+    kvhost::ReactorLink::EndAllTo(this);
+}
 
 KvRxClass* KvDbObjectReactor::isA() const {
     return desc();

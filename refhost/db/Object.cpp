@@ -127,7 +127,7 @@ Tolm::ErrorStatus Object::AddReactorService(KvDbObjectReactor* reactor) const {
     if (call.Fails() || reactor == nullptr || IsWatchedBy(reactor)) {
         return call.Returns(Tolm::eInvalidInput);
     }
-    m_links.push_back(std::make_unique<ReactorLink>(*reactor));
+    m_links.push_back(std::make_unique<ReactorLink>(*this, *reactor));
     m_reactors.push_back(m_links.back().get());
     return call.Returns(Tolm::eOk);
 }
@@ -137,16 +137,21 @@ Tolm::ErrorStatus Object::RemoveReactorService(KvDbObjectReactor* reactor) const
     if (m_readers == 0 && !m_writing && m_notified == 0) {
         return call.Returns(Tolm::eNotOpenForRead);
     }
+    // Removed even when it is told to fail: the reactor is about to die.
+    const bool wasAttached = EndLink(reactor);
+    return call.Returns(call.Fails() || !wasAttached ? Tolm::eInvalidInput : Tolm::eOk);
+}
+
+bool Object::EndLink(const KvDbObjectReactor* reactor) const {
     const auto link = std::find_if(
         m_links.begin(), m_links.end(),
         [&](const std::unique_ptr<ReactorLink>& candidate) { return candidate->Leads(reactor); });
     if (link == m_links.end()) {
-        return call.Returns(Tolm::eInvalidInput);
+        return false;
     }
-    // Removed even when it is told to fail: the reactor is about to die.
     std::erase(m_reactors, link->get());
     m_links.erase(link);
-    return call.Returns(call.Fails() ? Tolm::eInvalidInput : Tolm::eOk);
+    return true;
 }
 
 Tolm::ErrorStatus Object::CanChange() const {

@@ -74,6 +74,8 @@ public:
     void AddReactor(ObjectReactor* reactor);
     void RemoveReactor(ObjectReactor* reactor);
     [[nodiscard]] bool IsWatchedBy(const KvDbObjectReactor* reactor) const;
+    /// False when the reactor is not attached.
+    bool EndLink(const KvDbObjectReactor* reactor) const;
 
     /// Shows every stored field; see FieldVisitor.
     void VisitAllFields(FieldVisitor& visitor);

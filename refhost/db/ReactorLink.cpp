@@ -1,5 +1,7 @@
 #include "refhost/db/ReactorLink.h"
 
+#include <vector>
+
 #include "host_sdk/KvDbObjectReactor.h"
 #include "refhost/db/Object.h"
 
@@ -12,7 +14,31 @@ const KvDbObject* FaceOf(const Object& object) {
     return const_cast<Object&>(object).DbObject();
 }
 
+/// Host calls come on one thread only, so that a plain list does.
+std::vector<ReactorLink*>& LivingLinks() {
+    static std::vector<ReactorLink*> s_links;
+    return s_links;
+}
+
 }  // namespace
+
+ReactorLink::ReactorLink(const Object& object, KvDbObjectReactor& reactor)
+    : m_object(object), m_reactor(reactor) {
+    LivingLinks().push_back(this);
+}
+
+ReactorLink::~ReactorLink() {
+    std::erase(LivingLinks(), this);
+}
+
+void ReactorLink::EndAllTo(const KvDbObjectReactor* reactor) {
+    const std::vector<ReactorLink*> links = LivingLinks();
+    for (const ReactorLink* const link : links) {
+        if (link->Leads(reactor)) {
+            link->m_object.EndLink(reactor);
+        }
+    }
+}
 
 void ReactorLink::OpenedForModify(const Object& object) {
     m_reactor.openedForModify(FaceOf(object));

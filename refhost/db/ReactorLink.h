@@ -9,7 +9,13 @@ namespace kvhost {
 /// Carries the changes of one object to a reactor of a plug-in. Owned by the object.
 class ReactorLink final : public ObjectReactor {
 public:
-    explicit ReactorLink(KvDbObjectReactor& reactor) : m_reactor(reactor) {}
+    ReactorLink(const Object& object, KvDbObjectReactor& reactor);
+    ReactorLink(const ReactorLink&) = delete;
+    ReactorLink& operator=(const ReactorLink&) = delete;
+    ~ReactorLink();
+
+    /// Ends the links to a reactor that dies attached.
+    static void EndAllTo(const KvDbObjectReactor* reactor);
 
     [[nodiscard]] bool Leads(const KvDbObjectReactor* reactor) const { return &m_reactor == reactor; }
 
@@ -22,6 +28,7 @@ public:
     void Gone(const Object& object) override;
 
 private:
+    const Object& m_object;
     KvDbObjectReactor& m_reactor;  // the plug-in's
 };
 

@@ -110,6 +110,17 @@ TEST_F(KvDbObjectReactorTest, RemovedAmidItsEvent_HearsNoFurtherOne) {
     ExpectEvents({"part 17"});
 }
 
+TEST_F(KvDbObjectReactorTest, DiesAttached_IsTakenOff) {
+    {
+        Witness other;
+        ASSERT_EQ(KvDbObjectPointer<KvDbSymbolTable>(m_database->LayerTableId())->addReactor(&other),
+                  Tolm::eOk);
+        ASSERT_EQ(KvDbObjectPointer<KvDbLayerTableRecord>(m_layer)->addReactor(&other), Tolm::eOk);
+    }
+    Rename(L"Doors");
+    ExpectEvents({"part 17", "modified"});
+}
+
 TEST_F(KvDbObjectReactorTest, DrawingGoes_IsToldOnce) {
     m_database.reset();
     ExpectEvents({"gone"});
