@@ -2,6 +2,11 @@
 
 #include "core/ModelessMarks.h"
 #include "host_sdk/KvEdServices.h"
+#include "preview/CKvPeComboPreviewAction.h"
+
+CKvPePreviewAbleCtrlBase::~CKvPePreviewAbleCtrlBase() {
+    CKvPeComboPreviewAction::ForgetControl(this);
+}
 
 long CKvPePreviewAbleCtrlBase::Handle_OnBeginPropertyUpdate(int& handled) {
     if (kvedIsLivePreviewRecording()) {

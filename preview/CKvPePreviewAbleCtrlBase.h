@@ -19,5 +19,6 @@ protected:
     CKvPePreviewAbleCtrlBase() = default;
     CKvPePreviewAbleCtrlBase(const CKvPePreviewAbleCtrlBase&) = default;
     CKvPePreviewAbleCtrlBase& operator=(const CKvPePreviewAbleCtrlBase&) = default;
-    ~CKvPePreviewAbleCtrlBase() = default;
+    /// Actions of the row that the host still keeps do nothing from now on.
+    ~CKvPePreviewAbleCtrlBase();
 };

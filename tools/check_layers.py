@@ -24,7 +24,7 @@ BUILDS_ON = {
 
 # Single headers of a layer above that a layer may name all the same.
 ALSO = {
-    "families": {"preview/CKvPePreviewAbleCtrlBase.h", "preview/KvRestorable.h", "preview/KvRestorableSet.h"},
+    "families": {"preview/CKvPePreviewAbleCtrlBase.h", "preview/KvRestorable.h"},
 }
 
 # Headers that the build makes from type libraries. Ours holds the COM interfaces and nothing of the classes.

@@ -16,13 +16,13 @@ TEST_F(ListEndEdit, NotInEdit_Fails) {
     Row().m_state = EditState_Shown;
     Choose(1);
     EXPECT_EQ(Row().EndEdit(), E_FAIL);
-    EXPECT_NO_CALLS(journal);
+    EXPECT_NO_CALLS(Calls());
 }
 
 TEST_F(ListEndEdit, NewChoice_IsWritten) {
     Choose(2);
     EXPECT_EQ(Row().EndEdit(), S_OK);
-    EXPECT_CALLS(journal, "write 2");
+    EXPECT_CALLS(Calls(), "write 2");
     EXPECT_EQ(Row().m_nCurItem, 2);
     EXPECT_EQ(Row().m_strText, L"gamma");
     EXPECT_EQ(List().GetCurSel(), 2);
@@ -40,7 +40,7 @@ TEST_F(ListEndEdit, NewChoice_RowIsPaintedAnewAndListHasTheFocus) {
 
 TEST_F(ListEndEdit, SameChoice_WritesNothing) {
     EXPECT_EQ(Row().EndEdit(), S_OK);
-    EXPECT_NO_CALLS(journal);
+    EXPECT_NO_CALLS(Calls());
     EXPECT_EQ(Row().m_state, EditState_InEdit);
 }
 
@@ -49,7 +49,7 @@ TEST_F(ListEndEdit, NoChoice_FailsAndForgetsTheFormerOne) {
     EXPECT_EQ(Row().EndEdit(), E_FAIL);
     EXPECT_EQ(Row().m_nCurItem, -1);
     EXPECT_EQ(Row().m_strText, L"alpha");
-    EXPECT_NO_CALLS(journal);
+    EXPECT_NO_CALLS(Calls());
 }
 
 TEST_F(ListEndEdit, Cancelled_FormerChoiceIsBack) {
@@ -59,7 +59,7 @@ TEST_F(ListEndEdit, Cancelled_FormerChoiceIsBack) {
     EXPECT_FALSE(Row().m_bCancelled);
     EXPECT_EQ(List().GetCurSel(), 0);
     EXPECT_EQ(Row().m_state, EditState_InEdit);
-    EXPECT_NO_CALLS(journal);
+    EXPECT_NO_CALLS(Calls());
 }
 
 TEST_F(ListEndEdit, ChoiceAccepted_SameChoice_ReturnsAtOnce) {
@@ -74,7 +74,7 @@ TEST_F(ListEndEdit, ChoiceAccepted_NewChoice_IsWritten) {
     Row().m_state = EditState_ChoiceAccepted;
     Choose(1);
     EXPECT_EQ(Row().EndEdit(), S_OK);
-    EXPECT_CALLS(journal, "write 1");
+    EXPECT_CALLS(Calls(), "write 1");
 }
 
 TEST_F(ListEndEdit, HighlightedText_IsNoLongerSo) {
@@ -87,7 +87,7 @@ TEST_F(ListEndEdit, WriteFails_ObjectsKeepTheirValue_FormerChoiceIsBack) {
     Row().script.writeResult = E_FAIL;
     Choose(2);
     EXPECT_EQ(Row().EndEdit(), S_OK) << "the failure was told";
-    EXPECT_CALLS(journal, "write 2", "read");
+    EXPECT_CALLS(Calls(), "write 2", "read");
     EXPECT_EQ(List().GetCurSel(), 0);
     EXPECT_EQ(Row().m_nCurItem, 0);
     EXPECT_EQ(Row().m_strText, L"alpha");
@@ -98,7 +98,7 @@ TEST_F(ListEndEdit, WriteFails_ObjectsHaveAnotherValue_ListIsFilledAnewAndShowsI
     Row().script.onWrite = [this](int) { Row().script.current = 1; };
     Choose(2);
     EXPECT_EQ(Row().EndEdit(), S_OK);
-    EXPECT_CALLS(journal, "write 2", "read", "fill", "read");
+    EXPECT_CALLS(Calls(), "write 2", "read", "fill", "read");
     EXPECT_EQ(List().GetCurSel(), 1);
     EXPECT_EQ(Row().m_strText, L"beta");
 }
@@ -108,7 +108,7 @@ TEST_F(ListEndEdit, WriteFails_NoEntryStandsForTheValue_Fails) {
     Row().script.onWrite = [this](int) { Row().script.current = -1; };
     Choose(2);
     EXPECT_EQ(Row().EndEdit(), E_FAIL);
-    EXPECT_CALLS(journal, "write 2", "read", "fill", "read");
+    EXPECT_CALLS(Calls(), "write 2", "read", "fill", "read");
     EXPECT_EQ(List().GetCurSel(), -1);
     EXPECT_EQ(Row().m_strText, L"alpha");
 }
@@ -117,7 +117,7 @@ TEST_F(ListEndEdit, SomeObjectsRefused_ValueIsReadAgain) {
     Row().script.onWrite = [this](int) { Row().m_failedObjectCount = 1; };
     Choose(2);
     EXPECT_EQ(Row().EndEdit(), S_OK);
-    EXPECT_CALLS(journal, "write 2", "read", "fill", "read");
+    EXPECT_CALLS(Calls(), "write 2", "read", "fill", "read");
     EXPECT_EQ(Row().m_nCurItem, 2);
 }
 
@@ -133,7 +133,7 @@ TEST_F(ListEndEdit, WriteLeadsThePaletteToClearTheRow_Fails) {
     Row().script.onWrite = [this](int) { EXPECT_EQ(Row().Cleanup(), S_OK); };
     Choose(1);
     EXPECT_EQ(Row().EndEdit(), E_FAIL);
-    EXPECT_CALLS(journal, "write 1");
+    EXPECT_CALLS(Calls(), "write 1");
     EXPECT_FALSE(Row().m_pList);
 }
 
@@ -142,14 +142,14 @@ TEST_F(ListEndEdit, WriteLeadsThePaletteToClearTheRow_Fails) {
 TEST_F(ListEndEdit, AcceptedChoice_IsWrittenAtOnce) {
     Choose(1);
     Notify(CBN_SELENDOK);
-    EXPECT_CALLS(journal, "write 1");
+    EXPECT_CALLS(Calls(), "write 1");
     EXPECT_EQ(Row().m_state, EditState_ChoiceAccepted);
     EXPECT_EQ(::GetFocus(), List().m_hWnd);
 }
 
 TEST_F(ListEndEdit, AcceptedSameChoice_WritesNothing) {
     Notify(CBN_SELENDOK);
-    EXPECT_NO_CALLS(journal);
+    EXPECT_NO_CALLS(Calls());
     EXPECT_EQ(Row().m_state, EditState_ChoiceAccepted);
 }
 
@@ -159,7 +159,7 @@ TEST_F(ListEndEdit, CancelledDropDown_WaitsForItsMessage) {
     EXPECT_EQ(List().GetCurSel(), 1);
     kvtest::PumpWaiting();
     EXPECT_EQ(List().GetCurSel(), 0);
-    EXPECT_NO_CALLS(journal);
+    EXPECT_NO_CALLS(Calls());
     EXPECT_EQ(Row().m_state, EditState_InEdit);
 }
 
@@ -168,7 +168,7 @@ TEST_F(ListEndEdit, CancelledThenAccepted_CountsAsAccepted) {
     Notify(CBN_SELENDCANCEL);
     Notify(CBN_SELENDOK);
     kvtest::PumpWaiting();
-    EXPECT_CALLS(journal, "write 1");
+    EXPECT_CALLS(Calls(), "write 1");
     EXPECT_FALSE(Row().m_bCancelled);
     EXPECT_EQ(List().GetCurSel(), 1);
     EXPECT_EQ(Row().m_state, EditState_ChoiceAccepted);
@@ -180,7 +180,7 @@ TEST_F(ListEndEdit, AcceptedThenCancelled_CancelIsRun) {
     Choose(2);
     Notify(CBN_SELENDCANCEL);
     kvtest::PumpWaiting();
-    EXPECT_CALLS(journal, "write 1");
+    EXPECT_CALLS(Calls(), "write 1");
     EXPECT_EQ(List().GetCurSel(), 1);
 }
 
@@ -188,7 +188,7 @@ TEST_F(ListEndEdit, CancelMessageWithoutACancel_DoesNothing) {
     Choose(1);
     ::SendMessageW(Window(), WM_KVPE_CANCEL_DROPDOWN, 0, 0);
     EXPECT_EQ(List().GetCurSel(), 1);
-    EXPECT_NO_CALLS(journal);
+    EXPECT_NO_CALLS(Calls());
 }
 
 TEST_F(ListEndEdit, LeftBeforeTheCancelComes_NothingIsWritten) {
@@ -214,7 +214,7 @@ TEST_F(ListEndEdit, HiddenBeforeTheCancelComes_NothingIsWritten) {
 
 TEST_F(ListEndEdit, ArrowInTheClosedList_IsWritten) {
     Key(VK_DOWN);
-    EXPECT_CALLS(journal, "write 1");
+    EXPECT_CALLS(Calls(), "write 1");
     EXPECT_EQ(Row().m_state, EditState_ChoiceAccepted);
 }
 
@@ -223,7 +223,7 @@ TEST_F(ListEndEdit, ClickOnAnEntry_IsWrittenAndTheListCloses) {
     Mouse(WM_MOUSEMOVE, 2);
     Mouse(WM_LBUTTONDOWN, 2, MK_LBUTTON);
     Mouse(WM_LBUTTONUP, 2);
-    EXPECT_CALLS(journal, "write 2");
+    EXPECT_CALLS(Calls(), "write 2");
     EXPECT_FALSE(List().GetDroppedState());
     EXPECT_EQ(Row().m_strText, L"gamma");
 }
@@ -231,16 +231,16 @@ TEST_F(ListEndEdit, ClickOnAnEntry_IsWrittenAndTheListCloses) {
 TEST_F(ListEndEdit, EnterInTheOpenList_IsWritten) {
     Drop();
     Key(VK_DOWN);
-    EXPECT_NO_CALLS(journal);
+    EXPECT_NO_CALLS(Calls());
     Key(VK_RETURN);
-    EXPECT_CALLS(journal, "write 1");
+    EXPECT_CALLS(Calls(), "write 1");
 }
 
 TEST_F(ListEndEdit, EscapeInTheOpenList_FormerChoiceIsBack) {
     Drop();
     Mouse(WM_MOUSEMOVE, 2);
     Key(VK_ESCAPE);
-    EXPECT_NO_CALLS(journal);
+    EXPECT_NO_CALLS(Calls());
     EXPECT_EQ(List().GetCurSel(), 0);
     EXPECT_FALSE(List().GetDroppedState());
 }
@@ -250,7 +250,7 @@ TEST_F(ListEndEdit, FocusLostWithTheListOpen_FormerChoiceIsBack) {
     Mouse(WM_MOUSEMOVE, 2);
     elsewhere.SetFocus();
     kvtest::PumpWaiting();
-    EXPECT_NO_CALLS(journal);
+    EXPECT_NO_CALLS(Calls());
     EXPECT_EQ(List().GetCurSel(), 0);
     EXPECT_FALSE(List().GetDroppedState());
 }

@@ -142,7 +142,8 @@ void ListBench::Edit() {
 }
 
 CallLines ListBench::Calls() {
-    return CallsIgnoring(journal, {"Site.", "Frame."});
+    return CallsIgnoring(journal, {"Site.", "Frame.", "kvedIsLivePreviewStarted", "kvDocManagerPtr",
+                                   "curDocument", "allowsLivePreview"});
 }
 
 LRESULT ListBench::Notify(int code) {

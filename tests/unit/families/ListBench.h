@@ -28,6 +28,7 @@ namespace kvtest {
 struct ListScript {
     std::vector<std::wstring> entries{L"alpha", L"beta", L"gamma"};
     int current = 0;
+    int entryWithDialog = -1;  // opens a dialog and cannot be shown before
     HRESULT writeResult = S_OK;
     HRESULT launchResult = S_OK;
     std::function<void(int entry)> onWrite;  // before the write takes effect
@@ -71,6 +72,7 @@ public:
     HRESULT SetSelectedItem(int index) override;
     CString GetItemText(int index) override;
     int GetCurrentItem() override;
+    bool IsItemPreviewable(int index) override { return index != script.entryWithDialog; }
     HRESULT LaunchZRBPropertyDialog(CString& text) override;
 };
 
@@ -109,7 +111,7 @@ protected:
         PumpWaiting();
         journal.Clear();
     }
-    /// The journal without the calls on site and frame.
+    /// The journal without the calls on site and frame, and without the questions for a preview.
     CallLines Calls();
 
     ListRow& Row() { return shell->Row(); }
