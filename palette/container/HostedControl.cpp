@@ -27,7 +27,8 @@ HostedControl::~HostedControl() {
     Close();
 }
 
-HRESULT HostedControl::Create(const CLSID& classId, const std::wstring& rowName, RowSelection& selection) {
+HRESULT HostedControl::Create(const CLSID& classId, const std::wstring& rowName, RowSelection& selection,
+                              const RECT* position) {
     Close();
     fw::ComPtr<IUnknown> unknown;
     // A class whose control does not exist yet is answered by a result: the row then shows its value by
@@ -45,6 +46,9 @@ HRESULT HostedControl::Create(const CLSID& classId, const std::wstring& rowName,
         m_identifier->SetName(rowName);
         Configure(selection);
         result = TellElements(selection);
+    }
+    if (SUCCEEDED(result) && position) {
+        result = Activate(*position);
     }
     if (SUCCEEDED(result)) {
         result = m_control->InitEditControl(

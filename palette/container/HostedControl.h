@@ -49,8 +49,10 @@ public:
     HostedControl& operator=(const HostedControl&) = delete;
 
     /// Makes the control, gives it its site, listens to it, and tells it its selection. What is half made
-    /// when a step fails is taken back.
-    [[nodiscard]] HRESULT Create(const CLSID& classId, const std::wstring& rowName, RowSelection& selection);
+    /// when a step fails is taken back. With a position it is active in place there before it is told its
+    /// selection: a control may need its window to read.
+    [[nodiscard]] HRESULT Create(const CLSID& classId, const std::wstring& rowName, RowSelection& selection,
+                                 const RECT* position = nullptr);
     /// Takes the control out of the palette; called by the destructor too.
     void Close();
 

@@ -7,10 +7,12 @@
 #include "framework/base/DeviceContexts.h"
 #include "framework/base/Hresult.h"
 #include "framework/window/MainWindow.h"
+#include "host_sdk/KvEdServices.h"
 #include "palette/window/CommandIds.h"
 #include "palette/window/IconIds.h"
 #include "palette/window/MainMenu.h"
 #include "refhost/editor/DocumentManager.h"
+#include "refhost/editor/EditorState.h"
 
 namespace kvpalette {
 
@@ -88,6 +90,7 @@ bool MainWindow::Create() {
         !m_palette.Create(m_hWnd, m_hWnd)) {
         return false;
     }
+    m_host.Editor().SetPaletteWindow(KVED_FIRST_PALETTE, m_palette.m_hWnd);
     Attach(m_host.Documents().New());
     Layout();
     return true;
@@ -291,6 +294,7 @@ LRESULT MainWindow::OnClose(UINT, WPARAM, LPARAM, BOOL&) {
 
 LRESULT MainWindow::OnDestroy(UINT, WPARAM, LPARAM, BOOL& handled) {
     LeaveDocument();  // while the windows of the controls are still there
+    m_host.Editor().SetPaletteWindow(KVED_FIRST_PALETTE, nullptr);
     ::PostQuitMessage(0);
     handled = FALSE;
     return 0;

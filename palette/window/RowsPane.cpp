@@ -183,10 +183,10 @@ void RowsPane::UpdateControls() {
             DropControl(row);
             continue;
         }
-        if (row.kind == RowKind::Painted || (!row.control && !CreateControl(row))) {
+        const RECT bounds = m_layout.ValueBounds(i);
+        if (row.kind == RowKind::Painted || (!row.control && !CreateControl(row, bounds))) {
             continue;
         }
-        const RECT bounds = m_layout.ValueBounds(i);
         if (!row.control->IsInPlace()) {
             fw::Ignore(row.control->Activate(bounds));  // a row whose window fails stays empty
         } else if (!::EqualRect(&bounds, &row.control->Position())) {
@@ -195,11 +195,11 @@ void RowsPane::UpdateControls() {
     }
 }
 
-bool RowsPane::CreateControl(PaletteRow& row) {
+bool RowsPane::CreateControl(PaletteRow& row, const RECT& bounds) {
     auto control = std::make_unique<HostedControl>(Surroundings());
     RowSelection selection;
     if (FAILED(RowSet::SelectionOf(row.property, selection)) ||
-        FAILED(control->Create(row.classId, row.property.name, selection))) {
+        FAILED(control->Create(row.classId, row.property.name, selection, &bounds))) {
         // What a control cannot read, the palette shows as far as it can.
         row.kind = RowKind::Painted;
         return false;

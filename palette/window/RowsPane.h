@@ -104,7 +104,7 @@ private:
     void UpdateControls();
     void UpdateScrollBar();
     void ScrollTo(int offset);
-    bool CreateControl(PaletteRow& row);
+    bool CreateControl(PaletteRow& row, const RECT& bounds);
     void DropControl(PaletteRow& row);
     void InvalidateRow(std::size_t row);
     std::size_t RowOf(const HostedControl& control) const;

@@ -24,6 +24,9 @@ protected:
         Create(*GetParam().id);
         kvhost::ScriptedObject& object = MakeObject(L"A", L"");
         scenario.Give(object, c_property, scenario.before);
+        if (scenario.readsInWindow) {
+            ASSERT_EQ(DoVerb(OLEIVERB_INPLACEACTIVATE), S_OK);
+        }
         ASSERT_EQ(InitEdit({&object}), S_OK);
         ASSERT_EQ(DoVerb(OLEIVERB_INPLACEACTIVATE), S_OK);
         ::UpdateWindow(Row());

@@ -59,7 +59,8 @@ void ClassScenario::Arrange(kvhost::Database& database) const {
 }
 
 HRESULT ClassScenario::AnswerToInit(HRESULT result) const {
-    return FAILED(result) && initAnswer == InitAnswer::Fail ? E_FAIL : result;
+    const bool isPlainFailure = FAILED(result) && initAnswer == InitAnswer::Fail;
+    return readsInWindow || isPlainFailure ? E_FAIL : result;
 }
 
 void ClassScenario::SetDrawn(KvDbObjectId object, const ScenarioValue& value) const {

@@ -46,6 +46,9 @@ struct ClassScenario {
     // Where a class differs from the plain edit.
 
     InitAnswer initAnswer = InitAnswer::OfTheRead;
+    /// The row reads in its window only; an initialisation without one answers E_FAIL and keeps the
+    /// selection.
+    bool readsInWindow = false;
     /// What LaunchDialog answers with the flags of the row's own button before the row has a window.
     HRESULT buttonAnswer = E_UNEXPECTED;
     /// SetValue takes what the row can read as its value, and answers E_FAIL to all else.
@@ -60,7 +63,8 @@ struct ClassScenario {
     void Give(kvhost::ScriptedObject& object, DISPID property, const ScenarioValue& value) const;
     void Give(kvhost::ScriptedDynamicProperty& property, const ScenarioValue& value) const;
     void Arrange(kvhost::Database& database) const;
-    /// The result of an initialisation whose arguments, or else whose read, gave `result`.
+    /// The result of an initialisation, of a row without window, whose arguments, or else whose read, gave
+    /// `result`.
     [[nodiscard]] HRESULT AnswerToInit(HRESULT result) const;
 
     // The drawn object's property, past all services: nothing is journalled, and nothing can be let fail.

@@ -48,4 +48,11 @@ void PrepareDialog(kvhost::ScriptedObject& object, DISPID property) {
     object.At(property).page = kvhost::CLSID_TextDialogByObjects;
 }
 
+void AddLayers(kvhost::Database& database) {
+    for (const wchar_t* const name : {L"Walls", L"Doors"}) {
+        KvDbObjectId id;
+        EXPECT_EQ(database.AddLayer(name, id), Tolm::eOk);
+    }
+}
+
 }  // namespace kvtest

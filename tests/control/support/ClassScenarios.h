@@ -13,6 +13,8 @@ KvDbObjectId AppendPolyline(kvhost::Database& database);
 // What scripted objects and properties tell of a list's entries.
 void TellDirections(kvhost::ScriptedObject& object, DISPID property);
 void TellDirectionsOfProperty(kvhost::ScriptedDynamicProperty& property);
+/// What the drawing offers to lists: the layers "Doors" and "Walls".
+void AddLayers(kvhost::Database& database);
 
 // Gives the property of a scripted object a dialog.
 void PrepareDialog(kvhost::ScriptedObject& object, DISPID property);
@@ -126,6 +128,17 @@ inline constexpr ClassScenario c_classScenarios[] = {
      .append = &AppendText,
      .buttonAnswer = S_OK,
      .readsValues = true},
+    {.coclass = "KvPePropertyEditorLayer",
+     .before = {VT_BSTR, L"Doors"},
+     .alike = {VT_BSTR, L"DOORS"},
+     .after = {VT_BSTR, L"Walls"},
+     .edit = Chooses(2),
+     .objectClass = L"Text",
+     .objectProperty = 102,
+     .append = &AppendText,
+     .initAnswer = InitAnswer::Fail,
+     .readsInWindow = true,
+     .arrange = &AddLayers},
 };
 
 /// The row of a class; null when it has none.
