@@ -146,7 +146,7 @@ void CPropertyEditorBool::RemoveRow(int& item) {
         return;
     }
     if (HasList()) {
-        m_pList->DeleteString(static_cast<UINT>(item));
+        m_pList->DeleteString(item);
     }
     if (m_nVariesItem > item) {
         --m_nVariesItem;

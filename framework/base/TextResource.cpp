@@ -35,15 +35,19 @@ std::wstring_view TextOfAnyLanguage(HINSTANCE module, UINT id) {
                               : std::wstring_view();
 }
 
+LANGID LanguageId(LANGID primary, LANGID sub) {
+    return static_cast<LANGID>(MAKELANGID(primary, sub));
+}
+
 }  // namespace
 
 std::wstring_view fw::FindText(HINSTANCE module, UINT id) {
     const LANGID chosen = AfxGetModuleState()->m_textLanguage;
     const LANGID language = chosen ? chosen : ::GetUserDefaultUILanguage();
     const LANGID primary = PRIMARYLANGID(language);
-    const LANGID order[] = {language, MAKELANGID(primary, SUBLANG_DEFAULT),
-                            MAKELANGID(primary, SUBLANG_NEUTRAL),
-                            MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US)};
+    const LANGID order[] = {language, LanguageId(primary, SUBLANG_DEFAULT),
+                            LanguageId(primary, SUBLANG_NEUTRAL),
+                            LanguageId(LANG_ENGLISH, SUBLANG_ENGLISH_US)};
     for (const LANGID wanted : order) {
         const std::wstring_view text = TextOfLanguage(module, id, wanted);
         if (!text.empty()) {
