@@ -32,7 +32,7 @@ public:
     KvEdLivePreview(KvApDocument* document, bool stops);
     KvEdLivePreview(const KvEdLivePreview&) = delete;
     KvEdLivePreview& operator=(const KvEdLivePreview&) = delete;
-    ~KvEdLivePreview();
+    ~KvEdLivePreview();  // NOLINT(performance-trivially-destructible)
 
     /// Drops the queued actions and takes back what is shown. A preview that is started stays so.
     void abortAll();

@@ -12,7 +12,8 @@ HRESULT CKvPeNumericBase::GetPropertyValue(VARIANT* value, ValueType& type) {
     // The units of another document's database would be the wrong ones.
     RETURN_HR_IF(E_FAIL, !IsCurrentDocumentActive());
     fw::Variant read;
-    RETURN_IF_FAILED_EXPECTED(CKvPeCtrlBase::GetPropertyValue(read.Address(), type));
+    RETURN_IF_FAILED_EXPECTED(
+        CKvPeCtrlBase::GetPropertyValue(read.Address(), type));  // NOLINT(bugprone-parent-virtual-call)
     if (m_expressionState != 0) {
         SetPickMode(m_expressionState);
     }
