@@ -265,7 +265,7 @@ class Edits(PaletteTest):
     def test_click_without_such_a_button_is_refused(self):
         hall = handles("Text", "Village hall")[0]
         for click, reason in (("Hyperlink:pick", "no button 'pick'"), ("Contents:dialog", "no button"),
-                              ("Height:pick", "not available"), ("Nothing:dialog", "no such row")):
+                              ("Color:pick", "not available"), ("Nothing:dialog", "no such row")):
             run = self.run_palette(SITE, "--select", hall, "--click", click)
             self.assertEqual(run.status, 4, click + run.errors)
             self.assertIn(reason, run.errors)
