@@ -19,7 +19,11 @@ namespace fw {
 
 void SetMainWindow(HWND window) {
     delete t_main;
-    t_main = window ? new MainWindow{.handle = window, .view = {}} : nullptr;
+    t_main = nullptr;
+    if (window) {
+        t_main = new MainWindow;
+        t_main->handle = window;
+    }
 }
 
 }  // namespace fw

@@ -25,7 +25,7 @@ std::wstring RegisteredServer(REFCLSID classId) {
 
 }  // namespace
 
-TestedModule::TestedModule(std::wstring path, REFCLSID registered)
+TestedModule::TestedModule(const std::wstring& path, REFCLSID registered)
     : m_path(path.empty() ? RegisteredServer(registered) : FullPath(path)) {
     Load();
 }

@@ -11,7 +11,7 @@ namespace kvconform {
 class TestedModule {
 public:
     /// Loads the file; or, with an empty path, the server registered for `registered`.
-    explicit TestedModule(std::wstring path, REFCLSID registered);
+    explicit TestedModule(const std::wstring& path, REFCLSID registered);
 
     [[nodiscard]] bool IsLoaded() const { return static_cast<bool>(m_library); }
     /// The full path of the loaded file.

@@ -49,7 +49,8 @@ TEST(KvRestorableSet, RestoreAll_RestoresAndDeletesEachInTheOrderOfAddresses) {
     set.RestoreAll();
     std::string wanted;
     for (const auto& [address, letter] : expected) {
-        wanted += {letter, static_cast<char>(letter - 'a' + 'A')};
+        wanted += letter;
+        wanted += static_cast<char>(letter - 'a' + 'A');
     }
     EXPECT_EQ(log, wanted);
     set.RestoreAll();

@@ -237,7 +237,7 @@ TEST(NumberServices, AreJournaledAndCanFail) {
     EXPECT_EQ(journal.Entries()[3].Line(), L"kvdbDisToF 1 1/2 2");
     EXPECT_EQ(journal.Entries()[5].Line(), L"kvdbRawAngToF 1 -1");
     EXPECT_EQ(kvdbRToS(1.5, 2, 1, buffer), KVED_RTNORM);
-    EXPECT_EQ(journal.Entries()[6].result, L"5100");
+    EXPECT_EQ(journal.Entries().back().result, L"5100");
 }
 
 }  // namespace
