@@ -74,22 +74,6 @@ TEST_F(CTemporaryResourceOverrideTest, Satellite_HoldsTheTexts) {
     }
 }
 
-TEST_F(CTemporaryResourceOverrideTest, Satellite_HoldsEachTextInTwoLanguages) {
-    const CTemporaryResourceOverride resources;
-    for (const int id : {IDS_DIALOG_CLASS_NOT_REGISTERED, IDS_UNDO_PROPERTY_CHANGE, IDS_NO_EXPRESSION,
-                         IDS_VARIES_TEXT, IDS_UNSPECIFIED_TEXT, IDS_EXPRESSION_LABEL, IDS_BOOL_TRUE,
-                         IDS_BOOL_FALSE, IDS_ELEMENT_NOT_WRITTEN}) {
-        CString english;
-        CString german;
-        AfxGetModuleState()->m_textLanguage = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
-        EXPECT_TRUE(english.LoadString(static_cast<UINT>(id))) << id;
-        AfxGetModuleState()->m_textLanguage = MAKELANGID(LANG_GERMAN, SUBLANG_GERMAN);
-        EXPECT_TRUE(german.LoadString(static_cast<UINT>(id))) << id;
-        AfxGetModuleState()->m_textLanguage = 0;
-        EXPECT_FALSE(english == german) << id;
-    }
-}
-
 TEST_F(CTemporaryResourceOverrideTest, Satellite_LongTranslation_ComesWhole) {
     const CTemporaryResourceOverride resources;
     AfxGetModuleState()->m_textLanguage = MAKELANGID(LANG_GERMAN, SUBLANG_GERMAN);
