@@ -146,6 +146,7 @@ BOOL CPropertyEditorButton::OnKeyDown(const MSG& message) {
 LRESULT CPropertyEditorButton::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     static constexpr std::array s_messages{
         fw::OnMessage(WM_RBUTTONDOWN, &CPropertyEditorButton::OnRButtonDown),
+        fw::OnMessage(WM_SYSKEYDOWN, &CPropertyEditorButton::OnSysKeyDown),
     };
     // A click can lead the palette to let the row go.
     const fw::ComPtr<IUnknown> shell = HoldRow(m_owner);
@@ -162,5 +163,15 @@ LRESULT CPropertyEditorButton::OnRButtonDown(UINT, WPARAM wParam, LPARAM lParam,
         MapWindowPoints(GetParent(), &point, 1);
         fw::Ignore(m_owner->Fire_OnRButtonDown(wParam, point.Packed()));  // as above
     }
+    return 0;
+}
+
+// A row whose box takes no typing has the focus here: the keys with Alt are the row's as they are in its box.
+LRESULT CPropertyEditorButton::OnSysKeyDown(UINT, WPARAM wParam, LPARAM lParam, BOOL& handled) {
+    const fw::LifeWatch alive(*this);
+    bool done = false;
+    const bool isAsked = m_owner && SUCCEEDED(m_owner->PropertySysKeyDown(
+                                        static_cast<UINT>(wParam), LOWORD(lParam), HIWORD(lParam), done));
+    handled = !alive || (isAsked && done);
     return 0;
 }

@@ -44,6 +44,7 @@ protected:
 
 private:
     LRESULT OnRButtonDown(UINT message, WPARAM wParam, LPARAM lParam, BOOL& handled);
+    LRESULT OnSysKeyDown(UINT message, WPARAM wParam, LPARAM lParam, BOOL& handled);
     BOOL OnKeyDown(const MSG& message);
     void CentrePictures();
 

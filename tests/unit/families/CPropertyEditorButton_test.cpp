@@ -20,7 +20,27 @@ constexpr COLORREF c_disabledColor = RGB(200, 0, 0);
 constexpr int c_side = 20;
 constexpr RECT c_buttonRect = {0, 0, c_side, c_side};
 
-class SmallButton : public kvtest::RowBench<CPropertyEditorText> {
+// Takes keys with Alt or leaves them, as the test says.
+class SysKeyRow : public CPropertyEditorText {
+public:
+    using CPropertyEditorText::CPropertyEditorText;
+
+    struct {
+        bool isTaken = false;
+        std::function<void()> onKey;
+    } sysKeys;
+
+    HRESULT PropertySysKeyDown(UINT key, UINT repeat, UINT flags, bool& handled) override {
+        kvtest::Note(L"SysKeyDown", key, repeat, flags);
+        handled = sysKeys.isTaken;
+        if (sysKeys.onKey) {
+            sysKeys.onKey();
+        }
+        return S_OK;
+    }
+};
+
+class SmallButton : public kvtest::RowBench<SysKeyRow> {
 protected:
     ~SmallButton() override { SetKeys(false, false); }
 
@@ -238,6 +258,28 @@ TEST_F(SmallButton, OtherKeysAndKeysWithoutOwner_AreLeftAlone) {
     EXPECT_NO_CALLS(journal);
     MSG posted{};
     EXPECT_FALSE(::PeekMessageW(&posted, window, WM_COMMAND, WM_COMMAND, PM_REMOVE));
+}
+
+TEST_F(SmallButton, KeyWithAlt_IsOfferedToTheRowAndElseTheSystems) {
+    Make();
+    row->sysKeys.isTaken = true;
+    EXPECT_EQ(button->SendMessage(WM_SYSKEYDOWN, VK_DOWN, 0x20500003), 0);
+    EXPECT_CALLS(journal, "SysKeyDown 40 3 8272");
+    journal.Clear();
+    row->sysKeys.isTaken = false;
+    button->SendMessage(WM_SYSKEYDOWN, VK_DOWN, 0x20000001);
+    EXPECT_CALLS(journal, "SysKeyDown 40 1 8192");
+    journal.Clear();
+    button->SetOwner(nullptr);
+    button->SendMessage(WM_SYSKEYDOWN, VK_DOWN, 0x20000001);
+    EXPECT_NO_CALLS(journal);
+}
+
+TEST_F(SmallButton, KeyWithAltThatEndsTheButton_IsDone) {
+    Make();
+    row->sysKeys.onKey = [this] { button.reset(); };
+    ::SendMessageW(button->m_hWnd, WM_SYSKEYDOWN, VK_DOWN, 0x20000001);
+    EXPECT_FALSE(button);
 }
 
 TEST_F(SmallButton, MouseDown_TakesTheFocus) {
