@@ -3,6 +3,8 @@
 #include "host_sdk/IKvHyperlinkHost.h"
 #include "host_sdk/KvEdVariables.h"
 #include "refhost/automation/PropertyDialogIds.h"
+#include "refhost/automation/PropertyRows.h"
+#include "refhost/db/Arc.h"
 #include "refhost/testing/Answers.h"
 #include "tests/control/support/RowContainer.h"
 #include "tests/control/support/UserEdit.h"
@@ -218,11 +220,144 @@ TEST_F(ButtonRows, Ellipses_ChangesThroughTheDialogOnly) {
     EXPECT_EQ(fw::Variant::ViewString(object.At(c_property).Get()), L"after");
 }
 
+// Their boxes never have the focus: the key has to work where it is.
+TEST_F(ButtonRows, RowsWithoutTyping_AltDownOnTheButton_OpensTheDialog) {
+    for (const CLSID* const classId :
+         {&CLSID_KvPePropertyEditorEllipses, &CLSID_KvPePropertyEditorEllipsesHyperlinks}) {
+        kvhost::ScriptedObject& object = MakeObjectWithDialog(L"A", L"before");
+        CreateRow(*classId, {&object});
+        Activate();
+        ASSERT_EQ(::GetFocus(), Button());
+        kvhost::Answers::QueueText(L"after");
+        ::PostMessageW(Button(), WM_SYSKEYDOWN, VK_DOWN, 0x20000001);
+        kvtest::PumpWaiting();
+        EXPECT_CALLS(Calls(), "MapPropertyToPage A 5", "IPropertyDialogByObjects.ShowDialog before 1",
+                     "Invoke A put 5 \"after\"");
+        EXPECT_EQ(BoxText(), L"after");
+        Discard();
+    }
+}
+
 TEST_F(ButtonRows, Ellipses_ReadOnlyRowWithoutLinks_HasNoButton) {
     kvhost::ScriptedObject& object = MakeObject(L"A", L"before");
     CreateRow(CLSID_KvPePropertyEditorEllipses, {&object}, true);
     Activate();
     EXPECT_EQ(Button(), nullptr);
+}
+
+// Ellipses over a dynamic property that shows the links of objects.
+class LinkEllipses : public ButtonRows {
+protected:
+    /// An object of the drawing, which carries links as all of them do.
+    IDispatch* MakeArc() {
+        KvDbObjectId id;
+        EXPECT_EQ(document->GetDatabase().AppendEntity(std::make_unique<kvhost::Arc>(), id), Tolm::eOk);
+        arcs.emplace_back();
+        EXPECT_EQ(kvhost::GetAutomationObject(id, arcs.back().Put()), S_OK);
+        return arcs.back().Get();
+    }
+    void CreateRow(const std::vector<IDispatch*>& selection, bool readOnly) {
+        Create(CLSID_KvPePropertyEditorEllipses);
+        property->shared.Set(L"links");
+        property->shared.readOnly = readOnly;
+        Hand(selection);
+        ASSERT_EQ(DoVerb(OLEIVERB_INPLACEACTIVATE), S_OK);
+        Activate();
+    }
+    void Hand(const std::vector<IDispatch*>& selection) {
+        const auto count = static_cast<ULONG>(selection.size());
+        const std::vector<IUnknown*> dynamicProperties(selection.size(), property->Identity());
+        const std::vector<LONG> dispids(selection.size(), c_dynamic);
+        fw::Variant arrays[3];
+        ASSERT_EQ(fw::MakeDispatchArray(selection.data(), count, arrays[0]), S_OK);
+        ASSERT_EQ(fw::MakeUnknownArray(dynamicProperties.data(), count, arrays[1]), S_OK);
+        ASSERT_EQ(fw::MakeLongArray(dispids.data(), count, arrays[2]), S_OK);
+        ASSERT_EQ(control->InitEditControl(arrays[0].Address(), arrays[1].Address(), arrays[2].Address(),
+                                           VARIANT_FALSE),
+                  S_OK);
+    }
+    ~LinkEllipses() override { Discard(); }
+
+    static constexpr LONG c_dynamic = -23;
+    std::vector<fw::ComPtr<IDispatch>> arcs;
+    fw::ComPtr<kvhost::ScriptedDynamicProperty> property =
+        kvhost::ScriptedDynamicProperty::Make(L"P", kvhost::OffersByObject);
+};
+
+TEST_F(LinkEllipses, ReadOnlyRowOfOneObject_KeepsItsButton) {
+    CreateRow({MakeArc()}, true);
+    EXPECT_TRUE(IsShown(c_button));
+}
+
+TEST_F(LinkEllipses, ReadOnlyRowOfTwoObjects_HasNoButton) {
+    CreateRow({MakeArc(), MakeArc()}, true);
+    EXPECT_EQ(Button(), nullptr);
+}
+
+TEST_F(LinkEllipses, ReadOnlyRowOfAnObjectThatCarriesNoLinks_HasNoButton) {
+    CreateRow({&MakeObject(L"A", L"before")}, true);
+    EXPECT_EQ(Button(), nullptr);
+}
+
+TEST_F(LinkEllipses, ReadOnlyRowOfAnOrdinaryProperty_HasNoButton) {
+    Create(CLSID_KvPePropertyEditorEllipses);
+    dispid = 104;
+    ASSERT_EQ(InitEdit({MakeArc()}, true), S_OK);
+    ASSERT_EQ(DoVerb(OLEIVERB_INPLACEACTIVATE), S_OK);
+    Activate();
+    EXPECT_EQ(Button(), nullptr);
+}
+
+// What a button that is there already is shown for has been decided when it was made.
+TEST_F(LinkEllipses, WritableRowThatBecomesReadOnly_LosesItsButton) {
+    CreateRow({MakeArc()}, false);
+    EXPECT_TRUE(IsShown(c_button));
+    EXPECT_EQ(As<IOleInPlaceObject>()->UIDeactivate(), S_OK);
+    property->shared.readOnly = TRUE;
+    EXPECT_EQ(control->Refresh(0), S_OK);
+    Activate();
+    EXPECT_EQ(Button(), nullptr);
+}
+
+TEST_F(ButtonRows, Hyperlinks_DialogConfirmed_CallsAndEventsInOrder) {
+    kvhost::ScriptedObject& object = MakeObjectWithDialog(L"A", L"before");
+    CreateRow(CLSID_KvPePropertyEditorEllipsesHyperlinks, {&object});
+    Activate();
+    EXPECT_EQ(::GetFocus(), Button());
+    kvhost::Answers::QueueText(L"after");
+    Press();
+    EXPECT_CALLS(Calls(), "OnBeginPropertyUpdate", "MapPropertyToPage A 5",
+                 "IPropertyDialogByObjects.ShowDialog before 1", "Invoke A put 5 \"after\"",
+                 "OnEndPropertyUpdate");
+    EXPECT_EQ(BoxText(), L"after");
+    Clear();
+    EXPECT_EQ(As<IOleInPlaceObject>()->UIDeactivate(), S_OK);
+    EXPECT_TRUE(kvtest::CallsOnly(journal, {"Invoke A put"}).empty()) << "the dialog has written";
+}
+
+TEST_F(ButtonRows, Hyperlinks_DialogCancelled_WritesNothing) {
+    kvhost::ScriptedObject& object = MakeObjectWithDialog(L"A", L"before");
+    CreateRow(CLSID_KvPePropertyEditorEllipsesHyperlinks, {&object});
+    Activate();
+    kvhost::Answers::QueueButton(IDCANCEL);
+    kvtest::PressInRow(Row(), VK_RETURN);
+    EXPECT_CALLS(Calls(), "OnBeginPropertyUpdate", "MapPropertyToPage A 5",
+                 "IPropertyDialogByObjects.ShowDialog before 1", "OnEndPropertyUpdate");
+    EXPECT_EQ(BoxText(), L"before");
+    EXPECT_TRUE(object.At(c_property).puts.empty());
+}
+
+// Repair it and the links of objects that refuse the change can no longer be looked at.
+TEST_F(ButtonRows, Hyperlinks_RefusedByTheObject_ButtonComesWithARefresh) {
+    kvhost::ScriptedObject& object = MakeObject(L"A", L"before", kvhost::OffersEditability);
+    object.At(c_property).editableResult = S_FALSE;
+    CreateRow(CLSID_KvPePropertyEditorEllipsesHyperlinks, {&object});
+    Activate();
+    EXPECT_EQ(Button(), nullptr);
+    EXPECT_EQ(As<IOleInPlaceObject>()->UIDeactivate(), S_OK);
+    EXPECT_EQ(control->Refresh(0), S_OK);
+    Activate();
+    EXPECT_TRUE(IsShown(c_button));
 }
 
 TEST_F(ButtonRows, TextEx_PropertyWithoutExpressions_HasNoButton) {

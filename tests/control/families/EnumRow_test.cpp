@@ -1,3 +1,10 @@
+#include <algorithm>
+
+#include "refhost/automation/PropertyDialogIds.h"
+#include "refhost/db/Layer.h"
+#include "refhost/db/ScopedOpen.h"
+#include "refhost/db/Text.h"
+#include "refhost/testing/Answers.h"
 #include "tests/control/support/RowContainer.h"
 #include "tests/control/support/UserInput.h"
 
@@ -49,6 +56,17 @@ protected:
     }
     void HoverOver(int entry) { kvtest::MovePointerTo(List(), PlaceOf(entry)); }
     void Press(int entry) { kvtest::ClickAt(List(), PlaceOf(entry)); }
+    KvDbObjectId MakeTextOnALockedLayer() {
+        kvhost::Database& drawing = document->GetDatabase();
+        auto text = std::make_unique<kvhost::Text>();
+        KvDbObjectId layer;
+        EXPECT_EQ(drawing.AddLayer(L"locked", layer), Tolm::eOk);
+        EXPECT_EQ(text->SetLayerId(layer), Tolm::eOk);
+        KvDbObjectId id;
+        EXPECT_EQ(drawing.AppendEntity(std::move(text), id), Tolm::eOk);
+        EXPECT_EQ((kvhost::ScopedOpen<kvhost::Layer>(layer, KvDb::kForWrite)->SetLocked(true)), Tolm::eOk);
+        return id;
+    }
     long SizeOf(std::size_t index) { return objects[index]->At(c_property).Get().lVal; }
     CallLines Writes() {
         return CallsOnly(journal, {"kvedSendModelessOperation", "undoGroup", "OnBegin", "OnEnd",
@@ -137,6 +155,95 @@ TEST_F(EnumRow, RefusedWrite_ShowsWhatTheObjectsHold) {
     Press(3);
     EXPECT_EQ(Chosen(), 0);
     EXPECT_EQ(SizeOf(0), 10);
+}
+
+TEST_F(EnumRow, HostDrags_ChoiceIsRefusedAndTheFormerEntryIsBack) {
+    CreateRow(CLSID_KvPePropertyEditorEnum, {10});
+    objects[0]->interfaces |= kvhost::OffersIdentity;
+    objects[0]->objectId = document->GetDatabase().ModelSpaceId();
+    OpenList();
+    host->Editor().SetDragging(true);
+    Press(2);
+    host->Editor().SetDragging(false);
+    EXPECT_EQ(Writes(), CallLines{});
+    EXPECT_EQ(CallsOnly(journal, {"LzTaskDialog"}).size(), 1U);
+    EXPECT_EQ(Chosen(), 0);
+    EXPECT_EQ(SizeOf(0), 10);
+}
+
+TEST_F(EnumRow, LayerOfOneIsLockedMeanwhile_ChoiceReachesTheOther) {
+    CreateRow(CLSID_KvPePropertyEditorEnum, {10, 10});
+    objects[0]->interfaces |= kvhost::OffersIdentity;
+    objects[0]->objectId = MakeTextOnALockedLayer();
+    OpenList();
+    Press(2);
+    EXPECT_EQ(SizeOf(0), 10);
+    EXPECT_EQ(SizeOf(1), 30);
+    const CallLines writes = Writes();
+    ASSERT_FALSE(writes.empty());
+    EXPECT_EQ(std::count(writes.begin(), writes.end(), "Invoke B put 5 i4:30"), 1);
+    EXPECT_EQ(std::count(writes.begin(), writes.end(), "kvedSendModelessOperationEnded ZRB_CHGSELECTION"), 1);
+    EXPECT_EQ(host->Editor().OpenMarks(), 0);
+}
+
+// A row over texts whose property has a dialog, which the launcher behind the list opens.
+class LauncherRow : public EnumRow {
+protected:
+    LauncherRow() {
+        kvhost::ScriptedObject& object = MakeObject(L"A", L"small", kvhost::OffersBrowsing);
+        object.At(c_property).predefinedStrings = {L"small", L"middle", L"big"};
+        for (const std::wstring& text : object.At(c_property).predefinedStrings) {
+            object.At(c_property).predefinedValues.push_back(fw::Variant::FromString(text));
+        }
+        object.At(c_property).page = kvhost::CLSID_TextDialogByObjects;
+        object.At(c_launcherKey).page = CLSID_StdPicture;  // any will do
+    }
+    ~LauncherRow() override { kvhost::Answers::Reset(); }
+
+    void OpenRow() {
+        Create(CLSID_KvPePropertyEditorEnum);
+        ASSERT_EQ(InitEdit({objects[0].Get()}), S_OK);
+        ASSERT_EQ(DoVerb(OLEIVERB_INPLACEACTIVATE), S_OK);
+        GiveFont();
+        UIActivate();
+        ASSERT_TRUE(::IsWindowVisible(Launcher()));
+    }
+    HWND Launcher() const { return Box(1039); }
+    void PressLauncher() {
+        kvtest::ClickAt(Launcher(), {5, 5});
+        kvtest::PumpWaiting();
+    }
+    CallLines DialogCalls() {
+        return CallsOnly(journal, {"OnBegin", "OnEnd", "IPropertyDialog", "Invoke A put"});
+    }
+
+    static constexpr DISPID c_launcherKey = -23;
+};
+
+TEST_F(LauncherRow, DialogConfirmed_CallsAndEventsInOrder) {
+    OpenRow();
+    kvhost::Answers::QueueText(L"big");
+    PressLauncher();
+    EXPECT_CALLS(DialogCalls(), "OnBeginPropertyUpdate", "IPropertyDialogByObjects.ShowDialog small 1",
+                 "Invoke A put 5 \"big\"", "OnEndPropertyUpdate");
+    EXPECT_EQ(::GetFocus(), Combo());
+    // The palette, told of the end, reads its rows anew.
+    EXPECT_EQ(control->Refresh(0), S_OK);
+    EXPECT_EQ(Chosen(), 2);
+    Clear();
+    EXPECT_EQ(As<IOleInPlaceObject>()->UIDeactivate(), S_OK);
+    EXPECT_EQ(CallsOnly(journal, {"Invoke A put"}), CallLines{}) << "the dialog has written";
+}
+
+TEST_F(LauncherRow, DialogCancelled_CallsAndEventsInOrder) {
+    OpenRow();
+    kvhost::Answers::QueueButton(IDCANCEL);
+    PressLauncher();
+    EXPECT_CALLS(DialogCalls(), "OnBeginPropertyUpdate", "IPropertyDialogByObjects.ShowDialog small 1",
+                 "OnEndPropertyUpdate");
+    EXPECT_EQ(::GetFocus(), Combo());
+    EXPECT_EQ(Chosen(), 0);
+    EXPECT_TRUE(objects[0]->At(c_property).puts.empty());
 }
 
 TEST_F(EnumRow, DownInAShutList_WritesTheNextEntry) {

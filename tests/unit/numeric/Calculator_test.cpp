@@ -190,8 +190,7 @@ TEST_F(CalculatorRow, ReadOnlyBox_ResultIsNotTaken) {
     EXPECT_TRUE(FirstValue().puts.empty());
 }
 
-TEST_F(CalculatorRow, WithoutUnitsLibrary_NothingHappens) {
-    // The library's constructor is looked up by name; that it is there is all that can be asked here.
+TEST(CalculatorLibraries, UnitsLibrary_ConstructsAUnitWithoutPowers) {
     alignas(double) std::byte place[sizeof(KvCalCompoundUnit)];
     std::fill(std::begin(place), std::end(place), std::byte{0x55});
     auto* const unit = reinterpret_cast<KvCalCompoundUnit*>(place);
