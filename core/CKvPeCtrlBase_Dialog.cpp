@@ -142,10 +142,8 @@ void CKvPeCtrlBase::DialogRun::Show(IUnknown* dialogObject, KvPeDialogScope& sco
         return;
     }
     fw::Bstr dialogText(m_text.View());
-    // The dialog may free the text that it is given and put another one in.
-    BSTR exchanged = dialogText.Detach();
-    const HRESULT shown = byObjects ? ShowByObjects(*byObjects, &exchanged) : ShowByIds(*byIds, &exchanged);
-    dialogText.Attach(exchanged);
+    BSTR* const exchanged = dialogText.Exchange();
+    const HRESULT shown = byObjects ? ShowByObjects(*byObjects, exchanged) : ShowByIds(*byIds, exchanged);
     if (shown == S_OK) {
         m_text = dialogText.View();
         m_control.m_changeNotified = TRUE;

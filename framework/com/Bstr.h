@@ -28,6 +28,9 @@ public:
     BSTR Get() const noexcept { return m_text; }
     /// Frees what is held and gives the place for an out argument.
     BSTR* Put() noexcept;
+    /// The place for an argument that goes in and comes out: the callee may free the text and put another one
+    /// in.
+    BSTR* Exchange() noexcept { return &m_text; }
     /// Takes over a BSTR that the caller owns.
     void Attach(BSTR text) noexcept;
     /// Hands the BSTR to the caller.

@@ -2,6 +2,7 @@
 #include "framework/window/CWnd.h"
 #include "framework/window/MainWindow.h"
 #include "refhost/testing/Answers.h"
+#include "tests/support/HeapBlocks.h"
 #include "tests/unit/core/ControlBench.h"
 #include "tests/unit/core/FakeDialog.h"
 
@@ -128,6 +129,31 @@ TEST_F(CKvPeCtrlBase_Dialog, DialogNotConfirmed_LeavesTheText) {
         EXPECT_TRUE(MainWindowHasFocus());
         EXPECT_EQ(control.Cleanup(), S_OK);
     }
+}
+
+// The shell turns what is thrown into a result: until there, everything is put back and let go.
+TEST_F(CKvPeCtrlBase_Dialog, DialogThrows_TheScopeEndsAndNoTextIsLeft) {
+    constexpr int launches = 100;
+    FakeDialog dialog;
+    dialog.throws = true;
+    Select(SelectionArrays().Add(&MakeBrowsable(L"A")));
+    const auto launch = [&] {
+        journal.Clear();
+        EXPECT_THROW(fw::Ignore(control.LaunchZRBPropertyDialog(text)), std::bad_alloc);
+    };
+    launch();
+    ExpectScoped({"MapPropertyToPage A 5", "ShowDialog objects row 1"}, L"row");
+    EXPECT_EQ(text, L"row");
+    EXPECT_FALSE(control.m_changeNotified);
+    // Longer than the texts that the system keeps for reuse.
+    dialog.answer.assign(100'000, L'x');
+    launch();
+    const long before = kvtest::CountHeapBlocks();
+    for (int round = 0; round < launches; ++round) {
+        launch();
+    }
+    journal.Clear();
+    EXPECT_LT(kvtest::CountHeapBlocks() - before, launches / 2);
 }
 
 TEST_F(CKvPeCtrlBase_Dialog, DialogOfNeitherKind_IsNotShown) {

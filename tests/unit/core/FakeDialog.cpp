@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "framework/base/Hresult.h"
 #include "refhost/editor/Host.h"
 #include "tests/support/JournalNote.h"
@@ -57,6 +59,9 @@ STDMETHODIMP FakeDialog::ShowDialog(BSTR* text, KvArray<KvDbObjectId>* ids) {
 HRESULT FakeDialog::Answer(BSTR* text) {
     ::SysFreeString(*text);
     *text = ::SysAllocString(answer.c_str());
+    if (throws) {
+        throw std::bad_alloc();
+    }
     return result;
 }
 

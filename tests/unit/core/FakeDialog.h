@@ -26,6 +26,7 @@ public:
     bool offersByIds = true;
     HRESULT result = S_OK;
     std::wstring answer = L"answer";
+    bool throws = false;  ///< when its answer stands, as dialogs do that run out of memory
     std::function<void(const VARIANT& objects)> onObjects;
 
     // IUnknown
