@@ -168,7 +168,7 @@ private:
              DISPATCH_METHOD, {no.Get(), empty.Get(), empty.Get(), empty.Get()}, E_FAIL);
         const fw::Variant flags = fw::Variant::FromLong(7);
         Same("Refresh", m_control.Refresh(7), 2, DISPATCH_METHOD, {flags.Get()}, S_OK);
-        fw::Variant text = fw::Variant::FromString(L"text");
+        fw::Variant text = fw::Variant::FromString(L"1");  // what rows of numbers can read too
         const fw::Variant varies = fw::Variant::FromLong(1);
         Same("SetValue of a value that varies", m_control.SetValue(text.Address(), 1), 5, DISPATCH_METHOD,
              {varies.Get(), text.Get()}, E_INVALIDARG);

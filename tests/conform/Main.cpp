@@ -90,14 +90,23 @@ void CheckModule(Report& report, const TestedModule& module, const Options& opti
     }
 }
 
+void TellOfMissing(const TestedModule& module) {
+    if (module.Path().empty()) {
+        std::fputs(
+            "kvpexctl-conform: no module is registered; name a module, or register one with "
+            "kvpexctl-register\n",
+            stderr);
+        return;
+    }
+    std::fprintf(stderr, "kvpexctl-conform: %s cannot be loaded\n", ToText(module.Path()).c_str());
+}
+
 ExitStatus Run(const Options& options) {
     const kvhost::HostSession host;
     host->Documents().New();
     TestedModule module(options.module, *kvtest::s_classRows[0].id);
     if (!module.IsLoaded()) {
-        std::fputs(options.module.empty() ? "kvpexctl-conform: no module is registered\n"
-                                          : "kvpexctl-conform: the module cannot be loaded\n",
-                   stderr);
+        TellOfMissing(module);
         return ExitStatus::NoModule;
     }
     Report report(module.Path());

@@ -14,7 +14,7 @@ public:
     explicit TestedModule(const std::wstring& path, REFCLSID registered);
 
     [[nodiscard]] bool IsLoaded() const { return static_cast<bool>(m_library); }
-    /// The full path of the loaded file.
+    /// The full path of the file, loaded or not; empty when none is registered.
     [[nodiscard]] const std::wstring& Path() const { return m_path; }
     /// The folder with a backslash at its end.
     [[nodiscard]] std::wstring Folder() const;
