@@ -253,7 +253,7 @@ public:
         ExpectWrittenOrReported();
     }
     void Escape() {
-        if (BeginActive() && Enter()) {
+        if (BeginActive() && scenario.edit.EnterUnconfirmed(Row())) {
             const HWND child = kvtest::ChildInFocus(Row());
             const kvtest::SentMessages sent;
             kvtest::PressInRow(Row(), VK_ESCAPE);

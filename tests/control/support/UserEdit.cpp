@@ -6,6 +6,16 @@
 #include "tests/support/MessagePump.h"
 
 namespace kvtest {
+namespace {
+
+// When no dialog came.
+void TakeUnusedAnswer() {
+    if (kvhost::Answers::Waiting() > 0) {
+        static_cast<void>(kvhost::Answers::Take({}));
+    }
+}
+
+}  // namespace
 
 bool UserEdit::Enter(HWND row) const {
     const HWND child = ChildInFocus(row);
@@ -19,9 +29,7 @@ bool UserEdit::Enter(HWND row) const {
     if (way == EditWay::Press) {
         kvhost::Answers::QueueText(text);
         PressInRow(::GetParent(child), VK_RETURN);
-        if (kvhost::Answers::Waiting() > 0) {
-            static_cast<void>(kvhost::Answers::Take({}));  // no dialog came
-        }
+        TakeUnusedAnswer();
         return true;
     }
     ::SendMessageW(child, EM_SETSEL, 0, -1);
@@ -29,6 +37,19 @@ bool UserEdit::Enter(HWND row) const {
         ::SendMessageW(child, WM_CHAR, static_cast<WPARAM>(*character), 1);
     }
     return true;
+}
+
+bool UserEdit::EnterUnconfirmed(HWND row) const {
+    if (way != EditWay::Press) {
+        return Enter(row);
+    }
+    const HWND child = ChildInFocus(row);
+    if (child) {
+        kvhost::Answers::QueueButton(IDCANCEL);
+        PressInRow(::GetParent(child), VK_RETURN);
+        TakeUnusedAnswer();
+    }
+    return child != nullptr;
 }
 
 bool UserEdit::IsShownIn(HWND child) const {

@@ -18,6 +18,8 @@ struct UserEdit {
 
     /// Brings the value into the box or list in focus, and commits nothing yet. False when there is none.
     [[nodiscard]] bool Enter(HWND row) const;
+    /// The same for an edit that Escape will take back: a dialog that writes at once is not confirmed.
+    [[nodiscard]] bool EnterUnconfirmed(HWND row) const;
     /// The box or list in focus shows the value.
     [[nodiscard]] bool IsShownIn(HWND child) const;
 };
