@@ -9,6 +9,7 @@
 #include "framework/com/SafeArray.h"
 #include "palette/commands/Console.h"
 #include "palette/commands/TextTable.h"
+#include "palette/rows/NumberRows.h"
 #include "palette/rows/PaintedText.h"
 #include "palette/rows/RowSet.h"
 #include "refhost/automation/PropertyTable.h"
@@ -65,6 +66,13 @@ std::wstring ShownText(const PaletteRow& row, const RowReading& reading, RowsPan
         return ReadingText(row.property, reading);
     }
     return PaintedText(control);
+}
+
+// Numbers that differ behind the places shown are one value to the control, so that they are one here.
+const wchar_t* StateShown(const PaletteRow& row, const RowReading& reading) {
+    const bool isOneNumber =
+        reading.state == RowState::Varies && row.kind == RowKind::Control && PrintsOneNumber(row.property);
+    return StateName(isOneNumber ? RowState::Specific : reading.state);
 }
 
 Json JsonOf(const VARIANT& value) {
@@ -170,12 +178,12 @@ std::wstring Reports::Rows(bool json) {
                             {"category", Utf8(row.property.category)},
                             {"control", Utf8(row.property.control)},
                             {"text", Utf8(text)},
-                            {"state", Utf8(StateName(reading.state))},
+                            {"state", Utf8(StateShown(row, reading))},
                             {"readOnly", readOnly},
                             {"shownBy", Utf8(KindName(row.kind))}});
         } else {
             table.Add({row.property.name, row.property.category, row.property.control, text,
-                       StateName(reading.state), readOnly ? L"yes" : L"no"});
+                       StateShown(row, reading), readOnly ? L"yes" : L"no"});
         }
     }
     if (json) {

@@ -4,26 +4,13 @@
 
 #include "framework/base/Hresult.h"
 #include "framework/com/SafeArray.h"
+#include "palette/rows/NumberRows.h"
 
 namespace kvpalette {
 
 namespace {
 
 constexpr wchar_t c_textControl[] = L"KvPePropertyEditorText";
-
-// The table tells what a number means; without a word it is a distance.
-std::optional<KvPeNumericType> NumericTypeOf(const kvhost::PropertyRow& row) {
-    if (row.type != VT_R8) {
-        return std::nullopt;
-    }
-    if ((row.flags & kvhost::PropertyAngle) != 0) {
-        return PE_TOLM_ANGLE;
-    }
-    if ((row.flags & kvhost::PropertyRawAngle) != 0) {
-        return PE_TOLM_RAW_ANGLE;
-    }
-    return (row.flags & kvhost::PropertyPlain) != 0 ? PE_TOLM_NOUNITS : PE_TOLM_DISTANCE;
-}
 
 }  // namespace
 

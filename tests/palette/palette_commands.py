@@ -388,6 +388,66 @@ class Lists(PaletteTest):
         self.assertEqual(changed["21"]["style"], "circle")
 
 
+class Numbers(PaletteTest):
+    """Numbers of real objects, as a user meets them."""
+
+    def setUp(self):
+        super().setUp()
+        drawing = {"format": "qxf", "version": 1, "entities": [
+            {"type": "Circle", "handle": "20", "center": [0, 0, 0], "radius": 1.00004},
+            {"type": "Circle", "handle": "21", "center": [5, 0, 0], "radius": 1.00003},
+            {"type": "Arc", "handle": "22", "center": [0, 9, 0], "radius": 2, "startAngle": 0, "endAngle": 1}]}
+        with open(self.path("round.qxf"), "w", encoding="utf-8") as file:
+            json.dump(drawing, file)
+
+    def radii(self, run, part):
+        return [o["properties"]["Radius"] for o in json.loads(run.parts[part])["objects"]]
+
+    def test_lengths_that_print_alike_count_as_one(self):
+        run = self.succeed(self.run_batch(
+            "round.qxf", "--select 20,21", "--rows --json", f"--say {MARK}", "--edit Radius", "--edit Diameter",
+            "--objects --json", f"--say {MARK}", "--setvar LUPREC=5", "--rows --json"))
+        row = rows_by_name(run.json(0))["Radius"]
+        self.assertEqual((row["text"], row["state"]), ("1.0000", "specific"))
+        self.assertEqual(self.radii(run, 1), [1.00004, 1.00003])  # a row that was only looked at writes nothing
+        row = rows_by_name(run.json(2))["Radius"]
+        self.assertEqual((row["text"], row["state"]), ("*VARIES*", "varies"))
+        self.assertEqual(rows_by_name(run.json(2))["Circumference"]["state"], "varies")
+
+    def test_expressions_are_taken_where_the_property_has_them(self):
+        run = self.succeed(self.run_batch(
+            "round.qxf", "--select 20,21", '--set "Radius=2*3+1"', "--rows --json", f"--say {MARK}",
+            "--objects --json", f"--say {MARK}", "--set Radius=4", "--objects --json", f"--say {MARK}",
+            "--undo 2", "--objects --json"))
+        row = rows_by_name(run.json(0))["Radius"]
+        self.assertEqual((row["text"], row["state"]), ("7.0000", "specific"))
+        self.assertEqual([o["expressions"] for o in run.json(1)["objects"]], [{"Radius": "2*3+1"}] * 2)
+        self.assertEqual(self.radii(run, 1), [7, 7])
+        self.assertEqual([o["expressions"] for o in run.json(2)["objects"]], [{}, {}])
+        self.assertEqual(self.radii(run, 2), [4, 4])
+        self.assertEqual(self.radii(run, 3), [1.00004, 1.00003])
+
+    def test_text_that_is_neither_number_nor_expression_is_refused(self):
+        for edit in ("Radius=2*", "Diameter=2*3", "Start angle=45dd"):
+            name = edit.split("=")[0]
+            handle = "22" if name == "Start angle" else "20"
+            run = self.run_palette("round.qxf", "--select", handle, "--set", edit)
+            self.assertEqual(run.status, 4, edit + run.errors)
+            self.assertIn(f"--set {name}: ", run.errors)
+
+    def test_calculator_gives_its_result_to_the_row(self):
+        run = self.succeed(self.run_batch(
+            "round.qxf", "--select 20,21", "--answer 30*2+0.5", "--click Diameter:calculator", "--rows --json",
+            f"--say {MARK}", "--answer Cancel", "--click Diameter:calculator", "--objects --json", f"--say {MARK}",
+            "--undo", "--objects --json", f"--say {MARK}", "--select none", "--select 22", "--answer 45/2",
+            '--click "Start angle:calculator"', "--setvar AUPREC=1", "--rows --json"))
+        rows = rows_by_name(run.json(0))
+        self.assertEqual((rows["Diameter"]["text"], rows["Radius"]["text"]), ("60.5000", "30.2500"))
+        self.assertEqual(self.radii(run, 1), [30.25, 30.25])
+        self.assertEqual(self.radii(run, 2), [1.00004, 1.00003])
+        self.assertEqual(rows_by_name(run.json(3))["Start angle"]["text"], "22.5")
+
+
 class Pictures(PaletteTest):
     def size_of(self, name):
         with open(self.path(name), "rb") as file:
