@@ -5,8 +5,8 @@
 
 class CLzUiListBox;
 
-/// A drop-down list in the host's look. While it is closed the wheel is its parent's: turning it over a row
-/// scrolls and chooses nothing.
+/// A drop-down list in the host's look. The wheel scrolls and chooses nothing: while the list is closed it is
+/// its parent's, else the list part's.
 class KVHOST_API CLzUiComboBox : public CComboBox {
 public:
     CLzUiComboBox();

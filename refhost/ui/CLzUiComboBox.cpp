@@ -79,9 +79,10 @@ LRESULT CLzUiComboBox::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
                : CComboBox::WindowProc(message, wParam, lParam);
 }
 
-LRESULT CLzUiComboBox::OnMouseWheel(UINT message, WPARAM wParam, LPARAM lParam, BOOL& handled) {
-    handled = !GetDroppedState();
-    return handled ? ::SendMessageW(GetParent(), message, wParam, lParam) : 0;
+// Left to the system the wheel would mark other entries of the open list, which then count as chosen when the
+// row is left.
+LRESULT CLzUiComboBox::OnMouseWheel(UINT message, WPARAM wParam, LPARAM lParam, BOOL&) {
+    return ::SendMessageW(GetDroppedState() ? GetListWindow() : GetParent(), message, wParam, lParam);
 }
 
 LRESULT CLzUiComboBox::OnPaint(UINT, WPARAM, LPARAM, BOOL& handled) {

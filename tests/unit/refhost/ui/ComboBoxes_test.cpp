@@ -135,12 +135,17 @@ TEST_F(ComboBoxes, Wheel_ClosedList_IsTheParents) {
     EXPECT_EQ(combo.GetCurSel(), 0);
 }
 
-TEST_F(ComboBoxes, Wheel_OpenList_IsTheLists) {
+TEST_F(ComboBoxes, Wheel_OpenList_ScrollsTheListAndChoosesNothing) {
     CLzUiComboBox combo;
     Fill(combo, c_plainStyle);
+    for (int i = 0; i < 100; ++i) {
+        combo.AddString(L"further");
+    }
     combo.ShowDropDown();
     combo.SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)));
     EXPECT_EQ(frame.wheels, 0);
+    EXPECT_GT(::SendMessageW(combo.GetListWindow(), LB_GETTOPINDEX, 0, 0), 0);
+    EXPECT_EQ(combo.GetCurSel(), 0);
     combo.ShowDropDown(FALSE);
 }
 
