@@ -126,7 +126,7 @@ class Rows(PaletteTest):
             "state": "specific", "readOnly": False, "shownBy": "control"})
         self.assertTrue(rows["Handle"]["readOnly"])
         self.assertEqual(rows["Handle"]["text"], hall)
-        self.assertEqual(rows["Layer"]["shownBy"], "text")
+        self.assertEqual(rows["Linetype"]["shownBy"], "text")
         self.assertEqual(rows["Height"]["shownBy"], "control")
         self.assertEqual(rows["Position"]["shownBy"], "palette")
         self.assertEqual(rows["Remarks"]["text"], "Keys at house 6")
@@ -243,7 +243,7 @@ class Edits(PaletteTest):
 
     def test_rows_without_lists_buttons_and_points_say_so(self):
         hall = handles("Text", "Village hall")[0]
-        for command in (["--list", "Layer"], ["--hover", "Layer=Plots"], ["--click", "Layer:0"], ["--pick", "1,2"],
+        for command in (["--list", "Linetype"], ["--hover", "Linetype=Continuous"], ["--click", "Linetype:0"], ["--pick", "1,2"],
                         ["--unspecify", "Contents"]):
             run = self.run_palette(SITE, "--select", hall, *command)
             self.assertEqual(run.status, 4, run.errors)

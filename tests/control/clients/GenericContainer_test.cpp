@@ -43,6 +43,7 @@ protected:
         m_frame = ::CreateWindowExW(0, L"Static", L"container", WS_POPUP | WS_VISIBLE, 100, 100, 400, 200,
                                     nullptr, nullptr, nullptr, nullptr);
         ASSERT_NE(m_frame, nullptr);
+        GetParam().scenario->Arrange(m_host->Documents().New().GetDatabase());
     }
 
     void TearDown() override {
@@ -69,7 +70,6 @@ protected:
 
     void InitWithOneObject() {
         const kvtest::ClassScenario& scenario = *GetParam().scenario;
-        scenario.Arrange(m_host->Documents().New().GetDatabase());
         m_object = kvhost::ScriptedObject::Make(L"A");
         scenario.Give(*m_object, c_property, scenario.before);
         IDispatch* const selection[] = {m_object.Get()};
