@@ -12,8 +12,13 @@ using kvtest::PickBelow;
 using kvtest::PickOnceIn;
 using kvtest::RandomVariant;
 
-const int c_triples = kvtest::Rounds(20'000, 100'000);
-constexpr int c_calls = 5'000;
+// Of each class.
+int Triples() {
+    return kvtest::RoundsOfEach(kvtest::AvailableClasses().size(), 60'000, 100'000);
+}
+int Calls() {
+    return kvtest::RoundsOfEach(kvtest::AvailableClasses().size(), 20'000, 20'000);
+}
 
 class BadInput : public ::testing::TestWithParam<kvtest::AvailableClass> {
 protected:
@@ -107,8 +112,9 @@ protected:
 };
 
 TEST_P(BadInput, InitEditControl_RandomTriples_GiveTheResultOfTheRulesAndKeepNothing) {
+    const int triples = Triples();
     int accepted = 0;
-    for (int round = 0; round < c_triples; ++round) {
+    for (int round = 0; round < triples; ++round) {
         HRESULT result = S_OK;
         {
             InitTriple triple(random, pool);
@@ -125,8 +131,8 @@ TEST_P(BadInput, InitEditControl_RandomTriples_GiveTheResultOfTheRulesAndKeepNot
             ASSERT_TRUE(pool.IsReleased()) << "round " << round;
         }
     }
-    EXPECT_GT(accepted, c_triples / 20);
-    EXPECT_LT(accepted, c_triples / 2);
+    EXPECT_GT(accepted, triples / 20);
+    EXPECT_LT(accepted, triples / 2);
 }
 
 TEST_P(BadInput, InitEditControl_LowerBoundGoneAstray_IsRefused) {
@@ -142,7 +148,7 @@ TEST_P(BadInput, InitEditControl_LowerBoundGoneAstray_IsRefused) {
 
 // The row over three objects, one of them without the property.
 TEST_P(BadInput, OtherOperations_RandomArguments_GiveTheResultOfTheRules) {
-    for (int round = 0; round < c_calls; ++round) {
+    for (int round = 0; round < Calls(); ++round) {
         if (round % 50 == 0) {
             Renew();
             InitThree();
