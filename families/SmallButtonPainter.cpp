@@ -7,17 +7,20 @@
 
 namespace {
 
+// Of the dots, on a screen of plain dots per inch.
 constexpr int c_dotsTop = 8;
 constexpr int c_dotsLeft = 5;
 constexpr int c_dotStep = 3;
+constexpr int c_dotSize = 2;
 
 constexpr int c_himetricPerInch = 2540;
 
 }  // namespace
 
-CRect SmallButtonPainter::DotRect(const RECT& bounds, int dot) {
-    const CPoint corner(bounds.left + c_dotsLeft + dot * c_dotStep, bounds.top + c_dotsTop);
-    return {corner, CSize(DotSize, DotSize)};
+CRect SmallButtonPainter::DotRect(const RECT& bounds, int dot, int dotsPerInch) {
+    const auto pixels = [&](int measure) { return ::MulDiv(measure, dotsPerInch, PlainDotsPerInch); };
+    const CPoint corner(bounds.left + pixels(c_dotsLeft + dot * c_dotStep), bounds.top + pixels(c_dotsTop));
+    return {corner, CSize(pixels(c_dotSize), pixels(c_dotSize))};
 }
 
 CRect SmallButtonPainter::FocusRect(const RECT& bounds, int inset) {
@@ -39,8 +42,9 @@ void SmallButtonPainter::DrawFrame(HDC dc, const RECT& bounds, COLORREF frame) {
 
 void SmallButtonPainter::DrawEllipsis(HDC dc, const RECT& bounds) {
     constexpr int c_dots = 3;
+    const int dotsPerInch = ::GetDeviceCaps(dc, LOGPIXELSX);
     for (int dot = 0; dot < c_dots; ++dot) {
-        CDC(dc).FillSolidRect(DotRect(bounds, dot), RGB(0, 0, 0));
+        CDC(dc).FillSolidRect(DotRect(bounds, dot, dotsPerInch), RGB(0, 0, 0));
     }
 }
 

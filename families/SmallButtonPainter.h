@@ -7,10 +7,10 @@
 class SmallButtonPainter {
 public:
     static constexpr int FocusInset = 2;
-    static constexpr int DotSize = 2;
+    static constexpr int PlainDotsPerInch = 96;
 
-    /// The three dots of a button without a picture.
-    static CRect DotRect(const RECT& bounds, int dot);
+    /// One of the three dots of a button without a picture, which grow with the screen's dots per inch.
+    static CRect DotRect(const RECT& bounds, int dot, int dotsPerInch);
     static CRect FocusRect(const RECT& bounds, int inset);
 
     static void DrawFace(HDC dc, const RECT& bounds, COLORREF face);

@@ -112,6 +112,15 @@ TEST_F(SmallButton, NoPicture_PaintsFaceFrameAndThreeDots) {
     EXPECT_EQ(CountInside(c_face), (c_side - 2) * (c_side - 2) - 12);
 }
 
+TEST_F(SmallButton, NoPictureOnAFinerScreen_DotsGrowWithIt) {
+    constexpr RECT c_place = {1, 2, 41, 42};
+    for (int dot = 0; dot < 3; ++dot) {
+        EXPECT_EQ(SmallButtonPainter::DotRect(c_place, dot, 96), CRect(CPoint(6 + dot * 3, 10), CSize(2, 2)));
+        EXPECT_EQ(SmallButtonPainter::DotRect(c_place, dot, 192),
+                  CRect(CPoint(11 + dot * 6, 18), CSize(4, 4)));
+    }
+}
+
 TEST_F(SmallButton, NoPicture_ColoursAreTheSystemsUntilOthersAreSet) {
     button = std::make_unique<CPropertyEditorButton>();
     ASSERT_TRUE(button->Create(L"", CPropertyEditorButton::Style, c_buttonRect, window, 1));
