@@ -1,16 +1,18 @@
 #!/bin/sh
-# make-prefix.sh [--display | --heap] PREFIXDIR
+# make-prefix.sh [--display | --heap | --double] PREFIXDIR
 # Makes the Wine prefix that builds, tests and runs use. It is built beside its place and moved there complete, so a
 # broken prefix is never left behind; of several callers at once one builds and the others wait for it.
 # --display keeps Wine's X11 driver, for a person at the screen; otherwise the prefix draws without any display.
 # --heap surrounds every block of a heap with marks that are checked when it is freed; findings go to the channel "heap".
-display= heap=
+# --double gives the screen 192 dots per inch, where programs show themselves in double size.
+display= heap= double=
 case $1 in
     --display) display=1; shift ;;
     --heap) heap=1; shift ;;
+    --double) double=1; shift ;;
 esac
 prefix=$1
-[ -n "$prefix" ] && [ $# -eq 1 ] || { echo "usage: make-prefix.sh [--display | --heap] PREFIXDIR" >&2; exit 2; }
+[ -n "$prefix" ] && [ $# -eq 1 ] || { echo "usage: make-prefix.sh [--display | --heap | --double] PREFIXDIR" >&2; exit 2; }
 
 wine=/usr/lib/wine/wine64
 wineserver=/usr/lib/wine/wineserver
@@ -71,6 +73,7 @@ find "$fresh/drive_c/users" -type l | while read -r link; do rm "$link" && mkdir
 [HKEY_CURRENT_USER\Control Panel\Desktop]
 "FontSmoothing"="0"
 REG
+    [ -z "$double" ] || echo '"LogPixels"=dword:000000c0'
 } >"$fresh/drive_c/settings.reg"
 quiet regedit /S 'C:\settings.reg' || give_up "Wine could not store its settings"
 

@@ -33,7 +33,7 @@ void RowLayout::SetNameWidth(int width) {
 
 int RowLayout::NameWidth() const {
     const int wanted = m_nameWidth > 0 ? m_nameWidth : m_width * 2 / 5;
-    return std::clamp(wanted, c_leastColumn, std::max(c_leastColumn, m_width - c_leastColumn));
+    return std::clamp(wanted, LeastColumn(), std::max(LeastColumn(), m_width - LeastColumn()));
 }
 
 int RowLayout::LargestScrollOffset() const {
@@ -62,15 +62,15 @@ void RowLayout::Arrange() {
     m_lineOfRow.assign(m_categoryOfRow.size(), c_none);
     int top = 0;
     for (std::size_t category = 0; category < m_categories.size(); ++category) {
-        m_lines.push_back({true, category, top, c_categoryHeight});
-        top += c_categoryHeight;
+        m_lines.push_back({true, category, top, CategoryHeight()});
+        top += CategoryHeight();
         if (IsCollapsed(category)) {
             continue;
         }
         for (const std::size_t row : m_categories[category].rows) {
             m_lineOfRow[row] = m_lines.size();
-            m_lines.push_back({false, row, top, c_rowHeight});
-            top += c_rowHeight;
+            m_lines.push_back({false, row, top, RowHeight()});
+            top += RowHeight();
         }
     }
     m_contentHeight = top;
@@ -144,7 +144,7 @@ RowLayout::Hit RowLayout::HitTest(POINT point) const {
         return {Place::Category, line->index};
     }
     const int beside = point.x - NameWidth();
-    if (beside >= -c_splitterGrip && beside <= c_splitterGrip) {
+    if (beside >= -Scaled(c_splitterGrip) && beside <= Scaled(c_splitterGrip)) {
         return {Place::Splitter, line->index};
     }
     return {beside < 0 ? Place::Name : Place::Value, line->index};

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "framework/base/WindowsApi.h"
+#include "palette/theme/Scale.h"
 
 namespace kvpalette {
 
@@ -14,10 +15,10 @@ class RowLayout {
 public:
     /// A value is one pixel lower than its row and even, so that controls centre their text as the palette
     /// does.
-    static constexpr int c_rowHeight = 19;
-    static constexpr int c_categoryHeight = 22;
-    static constexpr int c_splitterGrip = 3;
-    static constexpr int c_leastColumn = 60;
+    static int RowHeightAt(const Scale& scale) { return scale.Pixels(c_rowHeight - 1) | 1; }
+    static int RowHeight() { return RowHeightAt(Scale::OfScreen()); }
+    static int CategoryHeight() { return Scaled(c_categoryHeight); }
+    static int LeastColumn() { return Scaled(c_leastColumn); }
     static constexpr std::size_t c_none = static_cast<std::size_t>(-1);
 
     /// One line: a category's heading or a row.
@@ -71,6 +72,11 @@ public:
     std::size_t CategoryOf(std::size_t row) const { return m_categoryOfRow[row]; }
 
 private:
+    static constexpr int c_rowHeight = 19;
+    static constexpr int c_categoryHeight = 22;
+    static constexpr int c_splitterGrip = 3;
+    static constexpr int c_leastColumn = 60;
+
     struct Category {
         std::wstring name;
         std::vector<std::size_t> rows;

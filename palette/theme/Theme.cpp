@@ -3,13 +3,14 @@
 #include <cwchar>
 
 #include "framework/base/DeviceContexts.h"
+#include "palette/theme/Scale.h"
 
 namespace kvpalette {
 
 Fonts::Fonts()
-    : plain(MakeFont(theme::c_fontHeight, false)),
-      bold(MakeFont(theme::c_fontHeight, true)),
-      title(MakeFont(theme::c_fontHeight + 2, true)) {
+    : plain(MakeFont(Scaled(theme::c_fontHeight), false)),
+      bold(MakeFont(Scaled(theme::c_fontHeight), true)),
+      title(MakeFont(Scaled(theme::c_fontHeight + 2), true)) {
 }
 
 fw::UniqueFont MakeFont(int height, bool bold, int angle) {

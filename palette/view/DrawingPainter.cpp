@@ -6,6 +6,7 @@
 #include <numbers>
 
 #include "framework/base/DeviceContexts.h"
+#include "palette/theme/Scale.h"
 #include "palette/theme/Theme.h"
 #include "refhost/db/TextLine.h"
 
@@ -13,7 +14,7 @@ namespace kvpalette {
 
 namespace {
 
-constexpr double c_gridPixels = 48;
+constexpr int c_gridPixels = 48;
 constexpr int c_plainLineweight = 25;
 constexpr int c_widestOfThin = 2;
 constexpr int c_smallestText = 4;
@@ -48,7 +49,7 @@ double RoundSpacing(double least) {
 
 void DrawingPainter::PaintGround() {
     FillColor(m_dc, {0, 0, m_transform.Width(), m_transform.Height()}, theme::c_paper);
-    const double spacing = RoundSpacing(c_gridPixels / m_transform.Scale());
+    const double spacing = RoundSpacing(Scaled(c_gridPixels) / m_transform.Scale());
     for (const bool vertical : {true, false}) {
         PaintGridLines(spacing, vertical, theme::c_paperGrid);
         PaintGridLines(spacing * 5, vertical, theme::c_paperAxis);
@@ -172,14 +173,13 @@ void DrawingPainter::PaintGrips(const Shape& shape) {
     POINT last{std::numeric_limits<LONG>::min() / 2, 0};
     const auto paint = [&](const kvhost::Point3& point) {
         const POINT place = ToPixel(point);
-        if (std::abs(place.x - last.x) + std::abs(place.y - last.y) < c_gripDistance) {
+        if (std::abs(place.x - last.x) + std::abs(place.y - last.y) < Scaled(c_gripDistance)) {
             return;
         }
         last = place;
-        FillColor(
-            m_dc,
-            {place.x - c_gripHalf, place.y - c_gripHalf, place.x + c_gripHalf + 1, place.y + c_gripHalf + 1},
-            theme::c_grip);
+        const int half = Scaled(c_gripHalf);
+        FillColor(m_dc, {place.x - half, place.y - half, place.x + half + 1, place.y + half + 1},
+                  theme::c_grip);
     };
     if (shape.paths.size() > 1) {
         paint(

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "framework/base/DeviceContexts.h"
+#include "palette/theme/Scale.h"
 #include "palette/theme/Theme.h"
 #include "palette/view/DrawingPainter.h"
 #include "palette/view/HitTest.h"
@@ -84,7 +85,7 @@ void DrawingView::ZoomBy(double factor) {
 
 KvDbObjectId DrawingView::ObjectAt(POINT pixel) {
     const kvhost::Point3 point{m_transform.FromX(pixel.x), m_transform.FromY(pixel.y), 0};
-    const double reach = c_pickReach / m_transform.Scale();
+    const double reach = Scaled(c_pickReach) / m_transform.Scale();
     const auto& shapes = m_list.Shapes();
     const auto found = std::find_if(shapes.rbegin(), shapes.rend(),
                                     [&](const Shape& shape) { return IsNear(shape, point, reach); });
@@ -192,8 +193,8 @@ LRESULT DrawingView::OnLeftUp(UINT, WPARAM wParam, LPARAM lParam, BOOL&) {
 }
 
 void DrawingView::FinishBox(WPARAM keys) {
-    const bool clicked = std::abs(m_dragNow.x - m_dragStart.x) < c_leastBox &&
-                         std::abs(m_dragNow.y - m_dragStart.y) < c_leastBox;
+    const bool clicked = std::abs(m_dragNow.x - m_dragStart.x) < Scaled(c_leastBox) &&
+                         std::abs(m_dragNow.y - m_dragStart.y) < Scaled(c_leastBox);
     const bool extends = (keys & (MK_CONTROL | MK_SHIFT)) != 0;
     std::vector<KvDbObjectId> ids;
     if (!clicked) {

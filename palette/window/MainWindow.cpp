@@ -8,6 +8,7 @@
 #include "framework/base/Hresult.h"
 #include "framework/window/MainWindow.h"
 #include "host_sdk/KvEdServices.h"
+#include "palette/theme/Scale.h"
 #include "palette/window/CommandIds.h"
 #include "palette/window/IconIds.h"
 #include "palette/window/MainMenu.h"
@@ -42,8 +43,8 @@ std::vector<ToolStrip::Button> Buttons() {
 RECT StartRect() {
     RECT area{};
     ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
-    const LONG width = std::min<LONG>(c_windowWidth, area.right - area.left);
-    const LONG height = std::min<LONG>(c_windowHeight, area.bottom - area.top);
+    const LONG width = std::min<LONG>(Scaled(c_windowWidth), area.right - area.left);
+    const LONG height = std::min<LONG>(Scaled(c_windowHeight), area.bottom - area.top);
     const LONG left = (area.left + area.right - width) / 2;
     const LONG top = (area.top + area.bottom - height) / 2;
     return {left, top, left + width, top + height};
@@ -187,8 +188,8 @@ void MainWindow::UpdateState() {
 
 void MainWindow::Layout() {
     const CRect client = GetClientRect();
-    const LONG top = ToolStrip::c_height;
-    const LONG bottom = std::max<LONG>(top, client.bottom - StatusLine::c_height);
+    const LONG top = ToolStrip::Height();
+    const LONG bottom = std::max<LONG>(top, client.bottom - StatusLine::Height());
     const RECT splitter = SplitterRect();
     m_tools.MoveWindow({0, 0, client.right, top});
     m_status.MoveWindow({0, bottom, client.right, client.bottom});
@@ -199,9 +200,9 @@ void MainWindow::Layout() {
 // The palette stands on the left: the tips of long values have the drawing's width to spread over.
 RECT MainWindow::SplitterRect() const {
     const CRect client = GetClientRect();
-    const LONG widest = std::max<LONG>(c_leastPalette, client.right - c_leastView);
-    const LONG left = std::clamp<LONG>(m_paletteWidth, c_leastPalette, widest);
-    return {left, ToolStrip::c_height, left + c_splitterWidth, client.bottom - StatusLine::c_height};
+    const LONG widest = std::max<LONG>(Scaled(c_leastPalette), client.right - Scaled(c_leastView));
+    const LONG left = std::clamp<LONG>(m_paletteWidth, Scaled(c_leastPalette), widest);
+    return {left, ToolStrip::Height(), left + Scaled(c_splitterWidth), client.bottom - StatusLine::Height()};
 }
 
 LRESULT MainWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {

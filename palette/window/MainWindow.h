@@ -7,6 +7,7 @@
 #include "framework/window/CWnd.h"
 #include "framework/window/MessageTable.h"
 #include "palette/rows/ControlCatalogue.h"
+#include "palette/theme/Scale.h"
 #include "palette/theme/Theme.h"
 #include "palette/view/DrawingView.h"
 #include "palette/window/PaletteWindow.h"
@@ -105,7 +106,7 @@ private:
     DrawingView m_view;
     PaletteWindow m_palette;
     HWND m_lastFocus = nullptr;
-    int m_paletteWidth = 330;
+    int m_paletteWidth = Scaled(330);
     bool m_draggingSplitter = false;
 };
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "framework/base/DeviceContexts.h"
+#include "palette/theme/Scale.h"
 
 namespace kvpalette {
 
@@ -128,13 +129,13 @@ LRESULT PaletteWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 
 RECT PaletteWindow::HeadRect() const {
     RECT bounds = GetClientRect();
-    bounds.bottom = c_headHeight;
+    bounds.bottom = Scaled(c_headHeight);
     return bounds;
 }
 
 RECT PaletteWindow::FootRect() const {
     RECT bounds = m_hWnd ? GetClientRect() : CRect();
-    bounds.top = bounds.bottom - c_footHeight;
+    bounds.top = bounds.bottom - Scaled(c_footHeight);
     return bounds;
 }
 
@@ -148,18 +149,26 @@ LRESULT PaletteWindow::OnPaint(UINT, WPARAM, LPARAM, BOOL&) {
 void PaletteWindow::PaintHead(HDC dc, const RECT& bounds) const {
     FillColor(dc, bounds, theme::c_row);
     FillColor(dc, {bounds.left, bounds.bottom - 1, bounds.right, bounds.bottom}, theme::c_line);
-    DrawLineOfText(dc, {bounds.left + c_margin, bounds.top + 8, bounds.right - c_margin, bounds.top + 28},
+    DrawLineOfText(dc,
+                   {bounds.left + Scaled(c_margin), bounds.top + Scaled(8), bounds.right - Scaled(c_margin),
+                    bounds.top + Scaled(28)},
                    m_title.c_str(), m_fonts.title.Get(), theme::c_text);
-    DrawLineOfText(dc, {bounds.left + c_margin, bounds.top + 27, bounds.right - c_margin, bounds.top + 43},
+    DrawLineOfText(dc,
+                   {bounds.left + Scaled(c_margin), bounds.top + Scaled(27), bounds.right - Scaled(c_margin),
+                    bounds.top + Scaled(43)},
                    m_subtitle.c_str(), m_fonts.plain.Get(), theme::c_softText);
 }
 
 void PaletteWindow::PaintFoot(HDC dc, const RECT& bounds) const {
     FillColor(dc, bounds, theme::c_heading);
     FillColor(dc, {bounds.left, bounds.top, bounds.right, bounds.top + 1}, theme::c_line);
-    DrawLineOfText(dc, {bounds.left + c_margin, bounds.top + 7, bounds.right - c_margin, bounds.top + 23},
+    DrawLineOfText(dc,
+                   {bounds.left + Scaled(c_margin), bounds.top + Scaled(7), bounds.right - Scaled(c_margin),
+                    bounds.top + Scaled(23)},
                    m_footTitle.c_str(), m_fonts.bold.Get(), theme::c_text);
-    DrawLineOfText(dc, {bounds.left + c_margin, bounds.top + 23, bounds.right - c_margin, bounds.top + 39},
+    DrawLineOfText(dc,
+                   {bounds.left + Scaled(c_margin), bounds.top + Scaled(23), bounds.right - Scaled(c_margin),
+                    bounds.top + Scaled(39)},
                    m_footText.c_str(), m_fonts.plain.Get(), theme::c_softText);
 }
 
@@ -169,8 +178,8 @@ LRESULT PaletteWindow::OnEraseBackground(UINT, WPARAM, LPARAM, BOOL&) {
 
 LRESULT PaletteWindow::OnSize(UINT, WPARAM, LPARAM, BOOL&) {
     const CRect client = GetClientRect();
-    m_pane->MoveWindow(
-        {0, c_headHeight, client.right, std::max<LONG>(c_headHeight, client.bottom - c_footHeight)});
+    m_pane->MoveWindow({0, Scaled(c_headHeight), client.right,
+                        std::max<LONG>(Scaled(c_headHeight), client.bottom - Scaled(c_footHeight))});
     Invalidate(FALSE);
     return 0;
 }

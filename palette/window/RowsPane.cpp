@@ -314,10 +314,10 @@ LRESULT RowsPane::OnScrollBar(UINT, WPARAM wParam, LPARAM, BOOL&) {
     ::GetScrollInfo(m_hWnd, SB_VERT, &info);
     switch (LOWORD(wParam)) {
         case SB_LINEUP:
-            ScrollTo(info.nPos - RowLayout::c_rowHeight);
+            ScrollTo(info.nPos - RowLayout::RowHeight());
             break;
         case SB_LINEDOWN:
-            ScrollTo(info.nPos + RowLayout::c_rowHeight);
+            ScrollTo(info.nPos + RowLayout::RowHeight());
             break;
         case SB_PAGEUP:
             ScrollTo(info.nPos - m_layout.Height());
@@ -343,7 +343,7 @@ LRESULT RowsPane::OnScrollBar(UINT, WPARAM wParam, LPARAM, BOOL&) {
 
 LRESULT RowsPane::OnMouseWheel(UINT, WPARAM wParam, LPARAM, BOOL&) {
     const int delta = static_cast<short>(HIWORD(wParam));
-    ScrollTo(m_layout.ScrollOffset() - delta * c_wheelLines * RowLayout::c_rowHeight / WHEEL_DELTA);
+    ScrollTo(m_layout.ScrollOffset() - delta * c_wheelLines * RowLayout::RowHeight() / WHEEL_DELTA);
     return 0;
 }
 

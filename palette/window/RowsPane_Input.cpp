@@ -106,7 +106,7 @@ LRESULT RowsPane::OnRowKey(UINT, WPARAM wParam, LPARAM lParam, BOOL&) {
 }
 
 bool RowsPane::HandleKey(WPARAM key, bool shift) {
-    const int page = std::max(1, m_layout.Height() / RowLayout::c_rowHeight - 1);
+    const int page = std::max(1, m_layout.Height() / RowLayout::RowHeight() - 1);
     switch (key) {
         case VK_TAB:
             MoveCurrent(!shift, 1);

@@ -1,5 +1,6 @@
 #include "framework/base/DeviceContexts.h"
 #include "framework/base/Handles.h"
+#include "palette/theme/Scale.h"
 #include "palette/window/RowsPane.h"
 
 namespace kvpalette {
@@ -13,9 +14,11 @@ constexpr int c_accentWidth = 3;
 
 // A small triangle: to the right for a collapsed category, down for an open one.
 void PaintChevron(HDC dc, int x, int middle, bool collapsed) {
-    const POINT closed[] = {
-        {x, middle - c_chevronSize}, {x, middle + c_chevronSize}, {x + c_chevronSize, middle}};
-    const POINT open[] = {{x - 2, middle - 2}, {x + 6, middle - 2}, {x + 2, middle + 2}};
+    const int size = Scaled(c_chevronSize);
+    const int half = size / 2;
+    const POINT closed[] = {{x, middle - size}, {x, middle + size}, {x + size, middle}};
+    const POINT open[] = {
+        {x - half, middle - half}, {x + size + half, middle - half}, {x + half, middle + half}};
     const fw::UniqueBrush brush(::CreateSolidBrush(theme::c_softText));
     const fw::ScopedSelect selectedBrush(dc, brush.Get());
     const fw::ScopedSelect noPen(dc, ::GetStockObject(NULL_PEN));
@@ -62,9 +65,9 @@ void RowsPane::PaintCategory(HDC dc, std::size_t category) {
     RECT bounds = m_layout.CategoryBounds(category);
     FillColor(dc, bounds, theme::c_heading);
     FillColor(dc, {bounds.left, bounds.bottom - 1, bounds.right, bounds.bottom}, theme::c_line);
-    PaintChevron(dc, c_textMargin, static_cast<int>(bounds.top + bounds.bottom) / 2,
+    PaintChevron(dc, Scaled(c_textMargin), static_cast<int>(bounds.top + bounds.bottom) / 2,
                  m_layout.IsCollapsed(category));
-    bounds.left += c_indent;
+    bounds.left += Scaled(c_indent);
     DrawLineOfText(dc, bounds, m_layout.CategoryName(category).c_str(), m_fonts.bold.Get(), theme::c_text);
 }
 
@@ -74,10 +77,10 @@ void RowsPane::PaintRow(HDC dc, std::size_t row) {
     RECT name = m_layout.NameBounds(row);
     FillColor(dc, name, current ? theme::c_accentLight : theme::c_row);
     if (current) {
-        FillColor(dc, {name.left, name.top, name.left + c_accentWidth, name.bottom}, theme::c_accent);
+        FillColor(dc, {name.left, name.top, name.left + Scaled(c_accentWidth), name.bottom}, theme::c_accent);
     }
-    name.left += c_indent;
-    name.right -= c_textMargin / 2;
+    name.left += Scaled(c_indent);
+    name.right -= Scaled(c_textMargin) / 2;
     DrawLineOfText(dc, name, m_rows[row].property.name.c_str(), m_fonts.plain.Get(), theme::c_text);
     if (!m_rows[row].control) {
         PaintValue(dc, row);

@@ -1,6 +1,7 @@
 #include "palette/window/StatusLine.h"
 
 #include "framework/base/DeviceContexts.h"
+#include "palette/theme/Scale.h"
 
 namespace kvpalette {
 
@@ -38,9 +39,10 @@ LRESULT StatusLine::OnPaint(UINT, WPARAM, LPARAM, BOOL&) {
     const CRect client = GetClientRect();
     FillColor(dc, client, theme::c_frame);
     FillColor(dc, {0, 0, client.right, 1}, theme::c_line);
-    DrawLineOfText(dc, {c_margin, 1, client.right - c_placeWidth, client.bottom}, m_message.c_str(),
-                   m_fonts.plain.Get(), theme::c_softText);
-    DrawLineOfText(dc, {client.right - c_placeWidth, 1, client.right - c_margin, client.bottom},
+    DrawLineOfText(dc, {Scaled(c_margin), 1, client.right - Scaled(c_placeWidth), client.bottom},
+                   m_message.c_str(), m_fonts.plain.Get(), theme::c_softText);
+    DrawLineOfText(dc,
+                   {client.right - Scaled(c_placeWidth), 1, client.right - Scaled(c_margin), client.bottom},
                    m_place.c_str(), m_fonts.plain.Get(), theme::c_softText, DT_RIGHT | DT_VCENTER);
     return 0;
 }

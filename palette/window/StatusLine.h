@@ -5,6 +5,7 @@
 
 #include "framework/window/CWnd.h"
 #include "framework/window/MessageTable.h"
+#include "palette/theme/Scale.h"
 #include "palette/theme/Theme.h"
 
 namespace kvpalette {
@@ -12,7 +13,7 @@ namespace kvpalette {
 /// The line at the foot of the main window: a message on the left, the place of the pointer on the right.
 class StatusLine final : public CWnd {
 public:
-    static constexpr int c_height = 24;
+    static int Height() { return Scaled(24); }
 
     explicit StatusLine(const Fonts& fonts) : m_fonts(fonts) {}
     ~StatusLine() override { DestroyWindow(); }

@@ -5,6 +5,7 @@
 
 #include "framework/base/DeviceContexts.h"
 #include "framework/base/Handles.h"
+#include "palette/theme/Scale.h"
 
 namespace kvpalette {
 
@@ -17,13 +18,13 @@ public:
 
     void Use(COLORREF color) {
         m_pen.Reset();
-        m_pen = fw::UniquePen(::CreatePen(PS_SOLID, 1, color));
+        m_pen = fw::UniquePen(::CreatePen(PS_SOLID, Scaled(1), color));
         m_color = color;
     }
     void Line(std::initializer_list<POINT> points) {
         std::vector<POINT> moved;
         for (const POINT& point : points) {
-            moved.push_back({m_place.x + point.x, m_place.y + point.y});
+            moved.push_back(Place(point.x, point.y));
         }
         const fw::ScopedSelect selected(m_dc, m_pen.Get());
         ::Polyline(m_dc, moved.data(), static_cast<int>(moved.size()));
@@ -34,10 +35,16 @@ public:
         Line({{left, top}, {right, top}, {right, bottom}, {left, bottom}, {left, top}});
     }
     void Fill(LONG left, LONG top, LONG right, LONG bottom) {
-        FillColor(m_dc, {m_place.x + left, m_place.y + top, m_place.x + right, m_place.y + bottom}, m_color);
+        const POINT first = Place(left, top);
+        const POINT end = Place(right, bottom);
+        FillColor(m_dc, {first.x, first.y, end.x, end.y}, m_color);
     }
 
 private:
+    POINT Place(LONG x, LONG y) const {
+        return {m_place.x + Scaled(static_cast<int>(x)), m_place.y + Scaled(static_cast<int>(y))};
+    }
+
     HDC m_dc;
     POINT m_place;
     fw::UniquePen m_pen;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "framework/base/DeviceContexts.h"
+#include "palette/theme/Scale.h"
 #include "palette/window/ToolPictures.h"
 
 namespace kvpalette {
@@ -55,14 +56,14 @@ LRESULT ToolStrip::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 RECT ToolStrip::ButtonRect(std::size_t index) const {
-    int left = c_margin;
+    int left = Scaled(c_margin);
     for (std::size_t i = 0;; ++i) {
         const Button& button = m_buttons[i];
-        const int text = button.text[0] ? TextWidth(m_fonts.plain.Get(), button.text) + c_textGap : 0;
-        const int width = c_pictureSize + 2 * c_padding + text;
-        left += button.beginsGroup ? c_groupGap : 0;
+        const int text = button.text[0] ? TextWidth(m_fonts.plain.Get(), button.text) + Scaled(c_textGap) : 0;
+        const int width = Scaled(c_pictureSize) + 2 * Scaled(c_padding) + text;
+        left += button.beginsGroup ? Scaled(c_groupGap) : 0;
         if (i == index) {
-            return {left, c_margin - 1, left + width, c_height - c_margin};
+            return {left, Scaled(c_margin - 1), left + width, Height() - Scaled(c_margin)};
         }
         left += width + 2;
     }
@@ -93,8 +94,8 @@ void ToolStrip::PaintButton(HDC dc, std::size_t index) const {
     const Button& button = m_buttons[index];
     const RECT bounds = ButtonRect(index);
     if (button.beginsGroup) {
-        const LONG middle = bounds.left - c_groupGap / 2 - 1;
-        FillColor(dc, {middle, bounds.top + 4, middle + 1, bounds.bottom - 4}, theme::c_line);
+        const LONG middle = bounds.left - Scaled(c_groupGap) / 2 - 1;
+        FillColor(dc, {middle, bounds.top + Scaled(4), middle + 1, bounds.bottom - Scaled(4)}, theme::c_line);
     }
     const bool hot = index == m_hot && button.enabled;
     FillColor(dc, bounds, hot ? theme::c_accentLight : theme::c_frame);
@@ -103,12 +104,13 @@ void ToolStrip::PaintButton(HDC dc, std::size_t index) const {
         ::FrameRect(dc, &bounds, frame.Get());
     }
     const COLORREF color = button.enabled ? theme::c_text : RGB(0xB4, 0xBB, 0xC4);
-    const int top = static_cast<int>(bounds.top + bounds.bottom - c_pictureSize) / 2;
-    PaintToolPicture(dc, {bounds.left + c_padding, top}, button.picture, color,
+    const int top = static_cast<int>(bounds.top + bounds.bottom - Scaled(c_pictureSize)) / 2;
+    PaintToolPicture(dc, {bounds.left + Scaled(c_padding), top}, button.picture, color,
                      button.enabled ? theme::c_accent : color);
-    DrawLineOfText(
-        dc, {bounds.left + c_padding + c_pictureSize + c_textGap, bounds.top, bounds.right, bounds.bottom},
-        button.text, m_fonts.plain.Get(), color);
+    DrawLineOfText(dc,
+                   {bounds.left + Scaled(c_padding) + Scaled(c_pictureSize) + Scaled(c_textGap), bounds.top,
+                    bounds.right, bounds.bottom},
+                   button.text, m_fonts.plain.Get(), color);
 }
 
 LRESULT ToolStrip::OnEraseBackground(UINT, WPARAM, LPARAM, BOOL&) {

@@ -7,6 +7,7 @@
 
 #include "framework/window/CWnd.h"
 #include "framework/window/MessageTable.h"
+#include "palette/theme/Scale.h"
 #include "palette/theme/Theme.h"
 
 namespace kvpalette {
@@ -14,7 +15,7 @@ namespace kvpalette {
 /// The row of flat buttons below the menu. Buttons send WM_COMMAND to the parent.
 class ToolStrip final : public CWnd {
 public:
-    static constexpr int c_height = 38;
+    static int Height() { return Scaled(38); }
 
     enum class Picture { None, Open, Save, Undo, Redo, SelectAll, ZoomExtents, ZoomIn, ZoomOut };
     struct Button {

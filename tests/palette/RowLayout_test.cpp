@@ -6,8 +6,8 @@ namespace {
 
 using kvpalette::RowLayout;
 
-constexpr int c_category = RowLayout::c_categoryHeight;
-constexpr int c_row = RowLayout::c_rowHeight;
+const int c_category = RowLayout::CategoryHeight();
+const int c_row = RowLayout::RowHeight();
 
 RowLayout LayoutOf(const std::vector<std::wstring>& categories, int width = 300, int height = 1000) {
     RowLayout layout;
@@ -93,9 +93,9 @@ TEST(RowLayout, HitTest_TellsNameSplitterAndValueApart) {
 TEST(RowLayout, Splitter_LeavesRoomForBothColumns) {
     RowLayout layout = LayoutOf({L"A"}, 300);
     layout.SetNameWidth(1);
-    EXPECT_EQ(layout.NameWidth(), RowLayout::c_leastColumn);
+    EXPECT_EQ(layout.NameWidth(), RowLayout::LeastColumn());
     layout.SetNameWidth(5000);
-    EXPECT_EQ(layout.NameWidth(), 300 - RowLayout::c_leastColumn);
+    EXPECT_EQ(layout.NameWidth(), 300 - RowLayout::LeastColumn());
     EXPECT_EQ(layout.ValueBounds(0).left, layout.NameBounds(0).right + 1);
 }
 
