@@ -100,6 +100,42 @@ protected:
         EXPECT_EQ(control->put_PropertyIdentifier(object), object ? E_NOINTERFACE : S_OK);
     }
 
+    void CallNumbers() {
+        if (const auto numeric = As<IKvPeNumericEditor>()) {
+            const LONG type = PickOnceIn(random, 2) ? static_cast<LONG>(random())
+                                                    : static_cast<LONG>(PickBelow(random, 9)) - 1;
+            const HRESULT result = numeric->SetNumericDataType(static_cast<KvPeNumericType>(type));
+            EXPECT_TRUE(result == S_OK || (result == E_FAIL && (type < 0 || type > 2))) << type;
+        }
+        if (const auto calculator = As<IKvPeCalculatorCtrl>()) {
+            EXPECT_EQ(calculator->SetCalculatorMode(static_cast<VARIANT_BOOL>(random())), S_OK);
+        }
+    }
+    void CallElements() {
+        if (const auto elements = As<IKvPeVariantCtrl>()) {
+            RandomVariant cookies;
+            cookies.Fill(random, pool.dynamicProperty->Identity(), pool.same.Get());
+            const bool isUsable = cookies.value.vt == (VT_ARRAY | VT_I4) && cookies.array;
+            const HRESULT result = elements->SetDwCookies(cookies.value);
+            EXPECT_TRUE(result == E_FAIL || (isUsable && result == S_OK)) << cookies.value.vt;
+            EXPECT_EQ(elements->SetGroupOffset(random()), S_OK);
+            EXPECT_EQ(elements->SetElementCount(random()), S_OK);
+        }
+    }
+    void CallPictures() {
+        const auto pictures = As<IKvPeButtonEditCtrl>();
+        if (!pictures) {
+            return;
+        }
+        EXPECT_EQ(pictures->put_DefaultPicture(pool.dynamicProperty->Identity()), E_NOINTERFACE);
+        EXPECT_EQ(pictures->put_DisabledPicture(static_cast<IDispatch*>(pool.same.Get())), E_NOINTERFACE);
+        EXPECT_EQ(pictures->put_DefaultPicture(nullptr), S_OK);
+        EXPECT_EQ(pictures->put_DisabledPicture(nullptr), S_OK);
+        fw::ComPtr<IUnknown> picture;
+        EXPECT_EQ(pictures->get_DefaultPicture(picture.Put()), S_OK);
+        EXPECT_FALSE(picture);
+    }
+
     template <class Interface>
     fw::ComPtr<Interface> As() const {
         return control.As<Interface>();
@@ -169,76 +205,23 @@ TEST_P(BadInput, OtherOperations_RandomArguments_GiveTheResultOfTheRules) {
     }
 }
 
-TEST_P(BadInput, NullPointers_ToTheRowsOwnInterface_AreRefused) {
-    VARIANT_BOOL* const noFlag = nullptr;
-    OLE_COLOR* const noColor = nullptr;
-    IUnknown** const noObject = nullptr;
-    EXPECT_EQ(control->InitEditControl(nullptr, nullptr, nullptr, 0), E_FAIL);
-    EXPECT_EQ(control->get_KeepFocus(noFlag), E_POINTER);
-    EXPECT_EQ(control->get_BackColor(noColor), E_POINTER);
-    EXPECT_EQ(control->get_ForeColor(noColor), E_POINTER);
-    EXPECT_EQ(control->get_ReadOnlyBackColor(noColor), E_POINTER);
-    EXPECT_EQ(control->get_ReadOnlyForeColor(noColor), E_POINTER);
-    EXPECT_EQ(control->get_Font(noObject), E_POINTER);
-    EXPECT_EQ(control->put_Font(nullptr), E_POINTER);
-    EXPECT_EQ(control->get_PropertyIdentifier(noObject), E_POINTER);
-    EXPECT_EQ(control->put_PropertyIdentifier(nullptr), S_OK);
-    EXPECT_EQ(control->SetValue(nullptr, 0), E_POINTER);
-    EXPECT_EQ(control->LaunchDialog(nullptr, 0), E_UNEXPECTED);
-    EXPECT_EQ(control->LaunchDialog(nullptr, 8), S_OK);
-    EXPECT_TRUE(FAILED(control->QueryInterface(IID_IUnknown, nullptr)));
-    EXPECT_TRUE(FAILED(control->GetIDsOfNames(IID_NULL, nullptr, 1, 0, nullptr)));
-    EXPECT_TRUE(FAILED(control->GetTypeInfoCount(nullptr)));
-    EXPECT_TRUE(FAILED(control->GetTypeInfo(0, 0, nullptr)));
-    for (const DISPID id : {1, 2, 3, 4, 5, 6, -501, -512, -513, -2000, -2001, 12345}) {
-        for (const WORD flags :
-             {WORD{DISPATCH_METHOD}, WORD{DISPATCH_PROPERTYGET}, WORD{DISPATCH_PROPERTYPUT}}) {
-            EXPECT_TRUE(FAILED(control->Invoke(id, IID_NULL, 0, flags, nullptr, nullptr, nullptr, nullptr)))
-                << id;
+// What only some rows have: the palette calls it between creation and initialisation.
+TEST_P(BadInput, FurtherInterfaces_RandomArguments_GiveTheResultOfTheRules) {
+    for (int round = 0; round < Calls(); ++round) {
+        if (round % 50 == 0) {
+            Renew();
+        }
+        CallNumbers();
+        CallElements();
+        CallPictures();
+        if (round % 50 == 49) {
+            InitThree();
+            EXPECT_EQ(control->Refresh(random()), S_OK);
+        }
+        if (HasFailure()) {
+            FAIL() << "round " << round;
         }
     }
-}
-
-TEST_P(BadInput, NullPointers_ToTheSharedInterfaces_AreRefused) {
-    const auto object = As<IOleObject>();
-    EXPECT_TRUE(FAILED(object->GetClientSite(nullptr)));
-    EXPECT_TRUE(FAILED(object->GetUserClassID(nullptr)));
-    EXPECT_TRUE(FAILED(object->GetExtent(DVASPECT_CONTENT, nullptr)));
-    EXPECT_TRUE(FAILED(object->SetExtent(DVASPECT_CONTENT, nullptr)));
-    EXPECT_TRUE(FAILED(object->GetMiscStatus(DVASPECT_CONTENT, nullptr)));
-    EXPECT_TRUE(FAILED(object->Advise(nullptr, nullptr)));
-    EXPECT_TRUE(FAILED(object->EnumAdvise(nullptr)));
-    EXPECT_TRUE(FAILED(object->EnumVerbs(nullptr)));
-    EXPECT_TRUE(FAILED(object->GetUserType(USERCLASSTYPE_FULL, nullptr)));
-    EXPECT_TRUE(FAILED(object->GetMoniker(0, 0, nullptr)));
-    EXPECT_TRUE(FAILED(object->GetClipboardData(0, nullptr)));
-    EXPECT_TRUE(FAILED(object->DoVerb(OLEIVERB_SHOW, nullptr, nullptr, 0, nullptr, nullptr)));
-    EXPECT_TRUE(FAILED(As<IOleControl>()->GetControlInfo(nullptr)));
-    EXPECT_TRUE(FAILED(As<IQuickActivate>()->QuickActivate(nullptr, nullptr)));
-    EXPECT_TRUE(FAILED(As<IQuickActivate>()->GetContentExtent(nullptr)));
-    EXPECT_TRUE(FAILED(As<IQuickActivate>()->SetContentExtent(nullptr)));
-    const auto inPlace = As<IOleInPlaceObject>();
-    EXPECT_TRUE(FAILED(inPlace->GetWindow(nullptr)));
-    EXPECT_TRUE(FAILED(inPlace->SetObjectRects(nullptr, nullptr)));
-    const auto points = As<IConnectionPointContainer>();
-    EXPECT_TRUE(FAILED(points->EnumConnectionPoints(nullptr)));
-    EXPECT_TRUE(FAILED(points->FindConnectionPoint(__uuidof(IKvPiPropertyEditEventsSink2), nullptr)));
-    fw::ComPtr<IConnectionPoint> point;
-    ASSERT_EQ(points->FindConnectionPoint(__uuidof(IKvPiPropertyEditEventsSink2), point.Put()), S_OK);
-    EXPECT_TRUE(FAILED(point->Advise(nullptr, nullptr)));
-    EXPECT_TRUE(FAILED(point->GetConnectionInterface(nullptr)));
-    EXPECT_TRUE(FAILED(point->GetConnectionPointContainer(nullptr)));
-    EXPECT_TRUE(FAILED(point->EnumConnections(nullptr)));
-    EXPECT_TRUE(FAILED(point->Unadvise(random())));
-    const auto view = As<IViewObjectEx>();
-    EXPECT_TRUE(FAILED(
-        view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, 0)));
-    EXPECT_TRUE(FAILED(view->GetExtent(DVASPECT_CONTENT, -1, nullptr, nullptr)));
-    EXPECT_TRUE(FAILED(view->GetViewStatus(nullptr)));
-    EXPECT_TRUE(FAILED(view->GetRect(DVASPECT_CONTENT, nullptr)));
-    EXPECT_TRUE(FAILED(view->QueryHitPoint(DVASPECT_CONTENT, nullptr, {}, 0, nullptr)));
-    EXPECT_TRUE(FAILED(view->QueryHitRect(DVASPECT_CONTENT, nullptr, nullptr, 0, nullptr)));
-    EXPECT_TRUE(FAILED(view->GetNaturalExtent(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, nullptr)));
 }
 
 KV_FOR_EACH_AVAILABLE_CLASS(BadInput);
