@@ -4,6 +4,8 @@
 
 namespace {
 
+constexpr int c_field = -1;  // stands for the closed box among the entries
+
 WPARAM Index(int index) {
     return static_cast<WPARAM>(index);
 }
@@ -30,6 +32,8 @@ BOOL CComboBox::Create(DWORD style, const RECT& bounds, HWND parent, UINT id, DW
     return CreateControl(exStyle, WC_COMBOBOXW, L"", style, bounds, parent, id, module);
 }
 
+// The system works the whole control and its drop-down out anew for each of these, in some forty messages,
+// although nothing changes. A row that opens its list again says them all.
 LRESULT CComboBox::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_DRAWITEM:
@@ -39,9 +43,63 @@ LRESULT CComboBox::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
             // These come from the combo's own list, which is not the one who draws: the combo hands them up
             // in its own name.
             return DefWindowProc(message, wParam, lParam);
+        case CB_SETITEMHEIGHT:
+            return TakeItemHeight(static_cast<int>(wParam), lParam);
+        case WM_SETFONT:
+            if (DefWindowProc(WM_GETFONT, 0, 0) == static_cast<LRESULT>(wParam)) {
+                if (LOWORD(lParam) != 0) {
+                    Invalidate();
+                }
+                return 0;
+            }
+            m_fieldHeight = c_neverSet;  // follows the font until it is set anew
+            break;
+        case WM_SIZE:
+            return LayOut(wParam, lParam);
+        case WM_WINDOWPOSCHANGING:
+            LeaveOutUnchanged(*reinterpret_cast<WINDOWPOS*>(lParam));
+            break;
         default:
-            return CWnd::WindowProc(message, wParam, lParam);
+            break;
     }
+    return CWnd::WindowProc(message, wParam, lParam);
+}
+
+LRESULT CComboBox::TakeItemHeight(int index, LPARAM height) {
+    const bool isField = index == c_field;
+    const LRESULT former = isField ? m_fieldHeight : DefWindowProc(CB_GETITEMHEIGHT, Index(index), 0);
+    if (former == height) {
+        return 0;
+    }
+    const fw::LifeWatch alive(*this);
+    const LRESULT result = DefWindowProc(CB_SETITEMHEIGHT, Index(index), height);
+    if (isField && alive && result != CB_ERR) {
+        m_fieldHeight = height;
+    }
+    return result;
+}
+
+LRESULT CComboBox::LayOut(WPARAM wParam, LPARAM lParam) {
+    const fw::LifeWatch alive(*this);
+    m_layingOut = true;
+    const LRESULT result = CWnd::WindowProc(WM_SIZE, wParam, lParam);
+    if (alive) {
+        m_layingOut = false;
+    }
+    return result;
+}
+
+void CComboBox::LeaveOutUnchanged(WINDOWPOS& wanted) {
+    if (m_layingOut || (wanted.flags & SWP_NOSIZE) != 0) {
+        return;
+    }
+    CRect place = GetWindowRect();
+    ::MapWindowPoints(nullptr, ::GetParent(m_hWnd), reinterpret_cast<POINT*>(&place), 2);
+    if ((wanted.flags & SWP_NOMOVE) == 0 && place.TopLeft() == CPoint(wanted.x, wanted.y) &&
+        place.Width() == wanted.cx && wanted.cy == m_openHeight) {
+        wanted.flags |= SWP_NOSIZE | SWP_NOMOVE;
+    }
+    m_openHeight = wanted.cy;
 }
 
 HWND CComboBox::GetListWindow() const {

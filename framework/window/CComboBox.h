@@ -45,4 +45,16 @@ public:
     int GetDroppedWidth() const;
     int SetDroppedWidth(UINT width);
     void SetExtendedUI(BOOL extended = TRUE);
+
+private:
+    static constexpr int c_neverSet = -1;
+
+    LRESULT TakeItemHeight(int index, LPARAM height);
+    LRESULT LayOut(WPARAM wParam, LPARAM lParam);
+    void LeaveOutUnchanged(WINDOWPOS& wanted);
+
+    // As they were asked for, which the system does not tell again.
+    LPARAM m_fieldHeight = c_neverSet;
+    int m_openHeight = c_neverSet;
+    bool m_layingOut = false;  // the system sizes the closed part and the list
 };

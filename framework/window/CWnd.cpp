@@ -128,7 +128,8 @@ LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     const bool letGo = !m_hWnd && m_call;
     const HWND window = letGo ? m_call->window : m_hWnd;
     const WNDPROC formerProc = letGo ? m_call->formerProc : m_formerProc;
-    if (!window || !::IsWindow(window)) {
+    // An object's own window is alive, since the object lets it go with its last message.
+    if (!window || (letGo && !::IsWindow(window))) {
         return 0;
     }
     return formerProc ? ::CallWindowProcW(formerProc, window, message, wParam, lParam)
