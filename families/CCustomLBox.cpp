@@ -1,43 +1,13 @@
 #include "families/CCustomLBox.h"
 
-#include "core/CKvPeCtrlBase.h"
-#include "core/PrivateMessages.h"
-#include "families/COwnerDrawItem.h"
-#include "families/CPeBaseComboBox.h"
-#include "families/EntryTipPainter.h"
-#include "framework/base/DeviceContexts.h"
-
-CCustomLBox::CCustomLBox() = default;
+CCustomLBox::CCustomLBox()
+    : CEntryTipListBox({.format = EntryTipPainter::TextFormat, .color = EntryTipPainter::TextColor::OfTips}) {
+}
 
 CCustomLBox::~CCustomLBox() = default;
 
-BOOL CCustomLBox::PreTranslateMessage(MSG* message) {
-    CKvPeCtrlBase* const owner = Owner();
-    if (message->message == WM_MOUSEMOVE && owner) {
-        m_tip.Follow(*this, *owner, EntryUnder(*message));
-    } else if (message->message == WM_LBUTTONUP && m_tip.HasWindow()) {
+void CCustomLBox::OnChosen() {
+    if (m_tip.HasWindow()) {
         m_tip.Forget();
     }
-    return CPeListBox::PreTranslateMessage(message);
-}
-
-LRESULT CCustomLBox::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    static constexpr std::array s_messages{
-        fw::OnMessage(WM_KVPE_DRAW_TIP, &CCustomLBox::OnDrawTip),
-    };
-    LRESULT result = 0;
-    return fw::DispatchMessage(s_messages, *this, message, wParam, lParam, result)
-               ? result
-               : CPeListBox::WindowProc(message, wParam, lParam);
-}
-
-LRESULT CCustomLBox::OnDrawTip(UINT, WPARAM wParam, LPARAM, BOOL&) {
-    const CKvPeCtrlBase* const owner = Owner();
-    if (wParam != KVPE_TEXT_TIP_MARK || !owner || !m_tip.HasWindow()) {
-        return 0;
-    }
-    COwnerDrawItem* const item = COwnerDrawItem::FromRowData(GetComboBox()->GetItemObject(m_tip.Entry()));
-    const fw::WindowDc dc(m_tip.Window());
-    EntryTipPainter::Draw(dc, m_tip.Rectangle(), owner->FontHandle(), item, GetText(m_tip.Entry()));
-    return 0;
 }

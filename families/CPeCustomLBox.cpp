@@ -1,51 +1,14 @@
 #include "families/CPeCustomLBox.h"
 
-#include "core/CKvPeCtrlBase.h"
-#include "core/PrivateMessages.h"
-#include "families/COwnerDrawItem.h"
-#include "families/CPeBaseComboBox.h"
-#include "families/EntryTipPainter.h"
-#include "framework/base/DeviceContexts.h"
-
-namespace {
-
-// Deliberate: an entry without an item stands in the middle of its tip here, and left in plain lists.
-constexpr UINT c_textFormat = EntryTipPainter::TextFormat | DT_CENTER;
-
-}  // namespace
-
-CPeCustomLBox::CPeCustomLBox() = default;
+// Deliberate: an entry without an item stands in the middle of its tip here, in the colour of the context,
+// and left in the colour of tips in plain lists.
+CPeCustomLBox::CPeCustomLBox()
+    : CEntryTipListBox(
+          {.format = EntryTipPainter::TextFormat | DT_CENTER, .color = EntryTipPainter::TextColor::AsItIs}) {
+}
 
 CPeCustomLBox::~CPeCustomLBox() = default;
 
-BOOL CPeCustomLBox::PreTranslateMessage(MSG* message) {
-    CKvPeCtrlBase* const owner = Owner();
-    if (message->message == WM_MOUSEMOVE && owner) {
-        m_tip.Follow(*this, *owner, EntryUnder(*message));
-    } else if (message->message == WM_LBUTTONUP) {
-        m_tip.Forget();
-    }
-    return CPeListBox::PreTranslateMessage(message);
-}
-
-LRESULT CPeCustomLBox::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    static constexpr std::array s_messages{
-        fw::OnMessage(WM_KVPE_DRAW_TIP, &CPeCustomLBox::OnDrawTip),
-    };
-    LRESULT result = 0;
-    return fw::DispatchMessage(s_messages, *this, message, wParam, lParam, result)
-               ? result
-               : CPeListBox::WindowProc(message, wParam, lParam);
-}
-
-LRESULT CPeCustomLBox::OnDrawTip(UINT, WPARAM wParam, LPARAM, BOOL&) {
-    const CKvPeCtrlBase* const owner = Owner();
-    if (wParam != KVPE_TEXT_TIP_MARK || !owner || !m_tip.HasWindow()) {
-        return 0;
-    }
-    COwnerDrawItem* const item = COwnerDrawItem::FromRowData(GetComboBox()->GetItemObject(m_tip.Entry()));
-    const fw::WindowDc dc(m_tip.Window());
-    EntryTipPainter::Draw(dc, m_tip.Rectangle(), owner->FontHandle(), item, GetText(m_tip.Entry()),
-                          c_textFormat, EntryTipPainter::TextColor::AsItIs);
-    return 0;
+void CPeCustomLBox::OnChosen() {
+    m_tip.Forget();
 }

@@ -1,22 +1,13 @@
 #pragma once
 
-#include "families/CPeListBox.h"
-#include "families/EntryTip.h"
+#include "families/CEntryTipListBox.h"
 
-/// The list part of an owner-drawn drop-down: shows a tip over entries that are too narrow for what they
-/// draw.
-class KVPEX_API CPeCustomLBox : public CPeListBox {
+/// The list part of an owner-drawn drop-down.
+class KVPEX_API CPeCustomLBox : public CEntryTipListBox {
 public:
     CPeCustomLBox();
     ~CPeCustomLBox() override;
 
-    // CWnd
-    BOOL PreTranslateMessage(MSG* message) override;
-    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
-
 protected:
-    EntryTip m_tip;
-
-private:
-    LRESULT OnDrawTip(UINT message, WPARAM wParam, LPARAM lParam, BOOL& handled);
+    void OnChosen() override;
 };
