@@ -2,12 +2,12 @@
 
 #include "benchmarks/BareList.h"
 #include "benchmarks/HostedRow.h"
-#include "benchmarks/RowFont.h"
 #include "benchmarks/Workloads.h"
 #include "core/ClassIds.h"
 #include "families/CKvPeComboBase.h"
 #include "families/CKvPeComboTempl.h"
 #include "families/CPeComboCustom.h"
+#include "tests/support/RowFont.h"
 
 namespace kvbench {
 namespace {
@@ -80,7 +80,8 @@ void MeasureKind(const char* workload, std::span<const int> sizes, std::vector<F
     hosted.Activate();
     hosted.Leave();
     BenchRow<kind>& row = hosted.GetShell().Row();
-    fw::ComPtr<IFont> font = MakeFont();
+    fw::ComPtr<IFont> font = kvtest::MakeRowFont();
+    Require(static_cast<bool>(font), "the system makes a font");
     Require(row.Handle_put_Font(font.Get()) == S_OK, "a row takes its font");
     BareList bare(kind, row.FontHandle(), HostedRow<BenchShell<kind>>::c_place);
 

@@ -1,5 +1,6 @@
 #include "framework/base/Hresult.h"
 #include "tests/control/support/RowContainer.h"
+#include "tests/support/RowFont.h"
 #include "tests/support/SentMessages.h"
 
 namespace {
@@ -7,20 +8,6 @@ namespace {
 class TextRowInterfaces : public kvtest::RowContainer {
 protected:
     static fw::Variant Color(OLE_COLOR color) { return fw::Variant::FromLong(static_cast<LONG>(color)); }
-
-    static fw::ComPtr<IFont> MakeFont(LONGLONG size) {
-        FONTDESC description{.cbSizeofstruct = sizeof(FONTDESC),
-                             .lpstrName = const_cast<wchar_t*>(L"Tahoma"),
-                             .cySize = {.int64 = size},
-                             .sWeight = FW_NORMAL,
-                             .sCharset = DEFAULT_CHARSET,
-                             .fItalic = FALSE,
-                             .fUnderline = FALSE,
-                             .fStrikethrough = FALSE};
-        fw::ComPtr<IFont> font;
-        EXPECT_EQ(::OleCreateFontIndirect(&description, IID_IFont, font.PutVoid()), S_OK);
-        return font;
-    }
 
     OLE_COLOR BackColor() {
         OLE_COLOR color = 0;
@@ -83,7 +70,7 @@ TEST_F(TextRowInterfaces, Getters_NullPlace_GivePointerError) {
 
 TEST_F(TextRowInterfaces, Activation_WindowMade_TakesTheFiveAmbientsInOrder) {
     Create(CLSID_KvPePropertyEditorText);
-    const fw::ComPtr<IFont> font = MakeFont(90000);
+    const fw::ComPtr<IFont> font = kvtest::MakeRowFont(90000);
     site->ambients[DISPID_AMBIENT_BACKCOLOR] = Color(0x111111);
     site->ambients[-2000] = Color(0x333333);
     site->ambients[DISPID_AMBIENT_FORECOLOR] = Color(0x222222);

@@ -3,6 +3,7 @@
 #include "framework/com/SafeArray.h"
 #include "framework/window/MainWindow.h"
 #include "tests/support/LeakCheck.h"
+#include "tests/support/RowFont.h"
 #include "tests/support/RowWarmUp.h"
 #include "tests/support/WarmUp.h"
 
@@ -83,14 +84,8 @@ HRESULT RowContainer::DoVerb(LONG verb) {
 }
 
 void RowContainer::GiveFont() {
-    FONTDESC description{};
-    description.cbSizeofstruct = sizeof description;
-    description.lpstrName = const_cast<wchar_t*>(L"Tahoma");
-    description.cySize.int64 = 82500;
-    description.sWeight = FW_NORMAL;
-    description.sCharset = DEFAULT_CHARSET;
-    fw::ComPtr<IFont> font;
-    ASSERT_EQ(::OleCreateFontIndirect(&description, IID_IFont, font.PutVoid()), S_OK);
+    const fw::ComPtr<IFont> font = MakeRowFont();
+    ASSERT_TRUE(font);
     ASSERT_EQ(control->put_Font(font.Get()), S_OK);
 }
 

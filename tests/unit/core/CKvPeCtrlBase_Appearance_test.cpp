@@ -1,6 +1,7 @@
 #include "framework/base/DeviceContexts.h"
 #include "framework/window/CWnd.h"
 #include "tests/support/FakeSite.h"
+#include "tests/support/RowFont.h"
 #include "tests/unit/core/ControlBench.h"
 
 namespace {
@@ -10,18 +11,6 @@ constexpr OLE_COLOR c_systemWindow = 0x80000005;
 class CKvPeCtrlBase_Appearance : public kvtest::ControlTest {
 protected:
     CKvPeCtrlBase_Appearance() { window.Create(s_windowClass, L"", WS_POPUP, {0, 0, 80, 20}, nullptr); }
-
-    [[nodiscard]] static fw::ComPtr<IFont> MakeFont(const wchar_t* name = L"Tahoma") {
-        FONTDESC description{};
-        description.cbSizeofstruct = sizeof description;
-        description.lpstrName = const_cast<wchar_t*>(name);
-        description.cySize.int64 = 80000;
-        description.sWeight = FW_NORMAL;
-        description.sCharset = DEFAULT_CHARSET;
-        fw::ComPtr<IFont> font;
-        EXPECT_EQ(::OleCreateFontIndirect(&description, IID_IFont, font.PutVoid()), S_OK);
-        return font;
-    }
 
     LRESULT CtlColor(HDC dc) {
         BOOL handled = TRUE;
@@ -132,8 +121,8 @@ TEST_F(CKvPeCtrlBase_Appearance, Font_Null_ReturnsPointerError) {
 }
 
 TEST_F(CKvPeCtrlBase_Appearance, Font_IsHeldOnceAndReplaced) {
-    const fw::ComPtr<IFont> first = MakeFont();
-    const fw::ComPtr<IFont> second = MakeFont();
+    const fw::ComPtr<IFont> first = kvtest::MakeRowFont();
+    const fw::ComPtr<IFont> second = kvtest::MakeRowFont();
     const auto references = [](const fw::ComPtr<IFont>& font) {
         font->AddRef();
         return font->Release();
@@ -150,7 +139,7 @@ TEST_F(CKvPeCtrlBase_Appearance, Font_IsHeldOnceAndReplaced) {
 }
 
 TEST_F(CKvPeCtrlBase_Appearance, Font_ObjectThatIsNone_IsRefusedAndTheOldOneKept) {
-    const fw::ComPtr<IFont> font = MakeFont();
+    const fw::ComPtr<IFont> font = kvtest::MakeRowFont();
     EXPECT_EQ(control.Handle_put_Font(font.Get()), S_OK);
     EXPECT_EQ(control.Handle_put_Font(static_cast<IDispatch*>(&MakeObject(L"A"))), E_NOINTERFACE);
     fw::ComPtr<IUnknown> given;
@@ -175,7 +164,7 @@ TEST_F(CKvPeCtrlBase_Appearance, StringWidth_WithoutFontOrWindow_Fails) {
     int width = 7;
     shell.window = window;
     EXPECT_EQ(control.GetStringWidth(L"text", &width), E_FAIL);
-    EXPECT_EQ(control.Handle_put_Font(MakeFont().Get()), S_OK);
+    EXPECT_EQ(control.Handle_put_Font(kvtest::MakeRowFont().Get()), S_OK);
     shell.window = nullptr;
     EXPECT_EQ(control.GetStringWidth(L"text", &width), E_FAIL);
     EXPECT_EQ(width, 7);
@@ -183,7 +172,7 @@ TEST_F(CKvPeCtrlBase_Appearance, StringWidth_WithoutFontOrWindow_Fails) {
 
 TEST_F(CKvPeCtrlBase_Appearance, StringWidth_IsThatOfTheFont) {
     shell.window = window;
-    EXPECT_EQ(control.Handle_put_Font(MakeFont().Get()), S_OK);
+    EXPECT_EQ(control.Handle_put_Font(kvtest::MakeRowFont().Get()), S_OK);
     int shorter = 0;
     int longer = 0;
     EXPECT_EQ(control.GetStringWidth(L"il", &shorter), S_OK);
@@ -200,7 +189,7 @@ TEST_F(CKvPeCtrlBase_Appearance, StringWidth_IsThatOfTheFont) {
 
 TEST_F(CKvPeCtrlBase_Appearance, StringWidth_Ampersand_IsNoPrefix) {
     shell.window = window;
-    EXPECT_EQ(control.Handle_put_Font(MakeFont().Get()), S_OK);
+    EXPECT_EQ(control.Handle_put_Font(kvtest::MakeRowFont().Get()), S_OK);
     int with = 0;
     int without = 0;
     EXPECT_EQ(control.GetStringWidth(L"a&b", &with), S_OK);
@@ -210,7 +199,7 @@ TEST_F(CKvPeCtrlBase_Appearance, StringWidth_Ampersand_IsNoPrefix) {
 
 TEST_F(CKvPeCtrlBase_Appearance, StringWidth_EmptyText_LeavesTheWidthUnset) {
     shell.window = window;
-    EXPECT_EQ(control.Handle_put_Font(MakeFont().Get()), S_OK);
+    EXPECT_EQ(control.Handle_put_Font(kvtest::MakeRowFont().Get()), S_OK);
     int width = 7;
     EXPECT_EQ(control.GetStringWidth(L"", &width), S_OK);
     EXPECT_EQ(width, 7);

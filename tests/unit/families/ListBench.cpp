@@ -1,6 +1,7 @@
 #include "tests/unit/families/ListBench.h"
 
 #include "tests/support/LeakCheck.h"
+#include "tests/support/RowFont.h"
 #include "tests/support/WarmUp.h"
 
 namespace kvtest {
@@ -31,20 +32,6 @@ void WarmUpLists() {
 }
 
 const WarmUpStep s_lists(&WarmUpLists);
-
-fw::ComPtr<IFont> MakeFont() {
-    FONTDESC description{.cbSizeofstruct = sizeof(FONTDESC),
-                         .lpstrName = const_cast<wchar_t*>(L"Tahoma"),
-                         .cySize = {.int64 = 82500},
-                         .sWeight = FW_NORMAL,
-                         .sCharset = DEFAULT_CHARSET,
-                         .fItalic = FALSE,
-                         .fUnderline = FALSE,
-                         .fStrikethrough = FALSE};
-    fw::ComPtr<IFont> font;
-    EXPECT_EQ(::OleCreateFontIndirect(&description, IID_IFont, font.PutVoid()), S_OK);
-    return font;
-}
 
 }  // namespace
 
@@ -111,7 +98,8 @@ ListBench::ListBench() {
     EXPECT_EQ(shell->FindConnectionPoint(__uuidof(IKvPiPropertyEditEventsSink2), point.Put()), S_OK);
     EXPECT_EQ(point->Advise(sink.Get(), &cookie), S_OK);
     EXPECT_EQ(DoVerb(OLEIVERB_INPLACEACTIVATE), S_OK);
-    font = MakeFont();
+    font = MakeRowFont();
+    EXPECT_TRUE(font);
     EXPECT_EQ(shell->put_Font(font.Get()), S_OK);
     EXPECT_EQ(Row().Handle_Refresh(), S_OK);
     Clear();

@@ -17,6 +17,7 @@
 #include "tests/support/ExpectCalls.h"
 #include "tests/support/JournalNote.h"
 #include "tests/support/MessagePump.h"
+#include "tests/support/RowFont.h"
 
 namespace kvtest {
 
@@ -132,16 +133,8 @@ protected:
         row = std::make_unique<TestRow<Row>>(static_cast<CIPropEditUIEvents*>(&shell),
                                              static_cast<CKvPeBasePrivate*>(&shell));
         window.row = row.get();
-        FONTDESC description{.cbSizeofstruct = sizeof(FONTDESC),
-                             .lpstrName = const_cast<wchar_t*>(L"Tahoma"),
-                             .cySize = {.int64 = 82500},
-                             .sWeight = FW_NORMAL,
-                             .sCharset = DEFAULT_CHARSET,
-                             .fItalic = FALSE,
-                             .fUnderline = FALSE,
-                             .fStrikethrough = FALSE};
-        fw::ComPtr<IFont> font;
-        EXPECT_EQ(::OleCreateFontIndirect(&description, IID_IFont, font.PutVoid()), S_OK);
+        const fw::ComPtr<IFont> font = MakeRowFont();
+        EXPECT_TRUE(font);
         EXPECT_EQ(row->Handle_put_Font(font.Get()), S_OK);
         row->m_text = L"alpha";
         PumpWaiting();

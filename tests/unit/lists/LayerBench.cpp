@@ -7,6 +7,7 @@
 #include "refhost/automation/PropertyRows.h"
 #include "refhost/db/Text.h"
 #include "tests/support/LeakCheck.h"
+#include "tests/support/RowFont.h"
 #include "tests/support/RowWarmUp.h"
 #include "tests/support/WarmUp.h"
 
@@ -63,15 +64,8 @@ LayerBench::LayerBench() {
     EXPECT_EQ(shell->FindConnectionPoint(__uuidof(IKvPiPropertyEditEventsSink2), point.Put()), S_OK);
     EXPECT_EQ(point->Advise(sink.Get(), &cookie), S_OK);
     EXPECT_EQ(DoVerb(OLEIVERB_INPLACEACTIVATE), S_OK);
-    FONTDESC description{.cbSizeofstruct = sizeof(FONTDESC),
-                         .lpstrName = const_cast<wchar_t*>(L"Tahoma"),
-                         .cySize = {.int64 = 82500},
-                         .sWeight = FW_NORMAL,
-                         .sCharset = DEFAULT_CHARSET,
-                         .fItalic = FALSE,
-                         .fUnderline = FALSE,
-                         .fStrikethrough = FALSE};
-    EXPECT_EQ(::OleCreateFontIndirect(&description, IID_IFont, font.PutVoid()), S_OK);
+    font = MakeRowFont();
+    EXPECT_TRUE(font);
     EXPECT_EQ(shell->put_Font(font.Get()), S_OK);
     Clear();
 }
