@@ -1,12 +1,12 @@
 #include <memory>
 
 #include "benchmarks/Drawing.h"
-#include "benchmarks/RowFont.h"
 #include "benchmarks/Workloads.h"
 #include "families/CPropertyEditorText.h"
 #include "families/EditRowPainter.h"
 #include "framework/base/DeviceContexts.h"
 #include "framework/base/Handles.h"
+#include "tests/support/RowFont.h"
 
 namespace kvbench {
 namespace {
@@ -30,7 +30,8 @@ fw::UniqueBitmap MakeCanvas(HDC dc, void** pixels) {
 
 // The floor has font and colours in the context already: it is the fill and the text call alone.
 void MeasurePainting(Drawing& drawing, std::vector<Figure>& figures) {
-    const fw::ComPtr<IFont> font = MakeFont();
+    const fw::ComPtr<IFont> font = kvtest::MakeRowFont();
+    Require(static_cast<bool>(font), "the system makes a font");
     CPropertyEditorText row(nullptr, nullptr);
     Require(row.Handle_put_Font(font.Get()) == S_OK, "a row takes its font");
     drawing.Select(row, 1, drawing.ContentId());
@@ -50,7 +51,7 @@ void MeasurePainting(Drawing& drawing, std::vector<Figure>& figures) {
     ValueType type = ValueType_Specific;
     Require(row.GetPropertyValue(value.Address(), type) == S_OK, "a row reads its text");
     const CString text(value.StringView());
-    const RECT textRect = EditRowPainter::TextRect(c_bounds, EditRowPainter::LineHeight(dc, text));
+    const RECT textRect = EditRowPainter::TextRect(c_bounds, EditRowPainter::LineHeight(dc));
 
     const auto paint = [&] {
         ATL_DRAWINFO info;

@@ -7,9 +7,7 @@
 #include "core/ExpressionState.h"
 #include "core/ModuleTexts.h"
 #include "core/OleColors.h"
-#include "families/EditRowPainter.h"
 #include "families/SmallButtonLayout.h"
-#include "framework/base/DeviceContexts.h"
 #include "resources/Ids.h"
 
 namespace {
@@ -137,14 +135,7 @@ void CKvPeButtonEditBase::PlaceEdit(const CRect& place) {
     }
     m_edit->SetWindowPos(HWND_TOP, static_cast<int>(place.left), static_cast<int>(place.top),
                          static_cast<int>(place.Width()), static_cast<int>(place.Height()), SWP_NOACTIVATE);
-    int lineHeight = 0;
-    {
-        const fw::WindowDc dc(m_edit->m_hWnd);
-        const fw::ScopedSelect font(dc, m_edit->GetFont());
-        lineHeight = EditRowPainter::LineHeight(dc, m_text);
-    }
-    m_edit->SetRect(EditRowPainter::EditTextRect(m_edit->GetWindowRect().Size(), lineHeight));
-    m_edit->CheckUnspecifiedHintPosition();
+    PlaceEditText();
 }
 
 HRESULT CKvPeButtonEditBase::Handle_DoVerbShow() {

@@ -50,6 +50,8 @@ protected:
     [[nodiscard]] bool HasEditWindow() const { return m_edit && m_edit->IsWindow(); }
     /// Takes over a box that has its window as the row's edit box.
     void KeepEdit(std::unique_ptr<CEditEx> edit);
+    /// Puts the text into the box where the painted row shows it, and the hint after it.
+    void PlaceEditText();
     /// Ends the box without a commit: what was typed is lost.
     void DropEdit();
     [[nodiscard]] bool IsReadOnlyRow();

@@ -24,15 +24,19 @@ HRESULT CKvPeEditBase::Handle_SetObjectRects(const RECT* bounds, const RECT*) {
     RETURN_HR_IF(S_OK, !IsInEdit() || !HasEditWindow());
     const CSize size = CRect(*bounds).Size();
     m_edit->SetWindowPos(HWND_TOP, 0, 0, size.cx, size.cy, SWP_NOACTIVATE);
+    PlaceEditText();
+    return S_OK;
+}
+
+void CKvPeEditBase::PlaceEditText() {
     int lineHeight = 0;
     {
         const fw::WindowDc dc(m_edit->m_hWnd);
         const fw::ScopedSelect font(dc, m_edit->GetFont());
-        lineHeight = EditRowPainter::LineHeight(dc, m_text);
+        lineHeight = EditRowPainter::LineHeight(dc);
     }
     m_edit->SetRect(EditRowPainter::EditTextRect(m_edit->GetWindowRect().Size(), lineHeight));
     m_edit->CheckUnspecifiedHintPosition();
-    return S_OK;
 }
 
 void CKvPeEditBase::HideEdit() {

@@ -12,11 +12,10 @@ LONG OneIfOdd(LONG number) {
 
 }  // namespace
 
-int EditRowPainter::LineHeight(HDC dc, const CString& text) {
-    const std::wstring_view sample = LineSample(text);
-    SIZE extent{};
-    ::GetTextExtentPoint32W(dc, sample.data(), static_cast<int>(sample.size()), &extent);
-    return extent.cy;
+int EditRowPainter::LineHeight(HDC dc) {
+    TEXTMETRICW font{};
+    ::GetTextMetricsW(dc, &font);
+    return font.tmHeight;
 }
 
 CRect EditRowPainter::TextRect(const RECT& bounds, int lineHeight) {
@@ -35,7 +34,7 @@ CRect EditRowPainter::EditTextRect(CSize window, int lineHeight) {
 
 void EditRowPainter::Draw(HDC dc, const RECT& bounds, const CString& text, HFONT font, Ground ground) {
     const fw::ScopedFont selectedFont(dc, font);
-    CRect textRect = TextRect(bounds, LineHeight(dc, text));
+    CRect textRect = TextRect(bounds, LineHeight(dc));
     if (ground == Ground::Fill) {
         ::ExtTextOutW(dc, bounds.left, bounds.top, ETO_OPAQUE, &bounds, nullptr, 0, nullptr);
     }

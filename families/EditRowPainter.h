@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string_view>
-
 #include "framework/base/CString.h"
 #include "framework/base/WindowsApi.h"
 #include "framework/window/Geometry.h"
@@ -15,12 +13,9 @@ public:
 
     enum class Ground { Fill, Keep };
 
-    /// What is measured for the height of a line: an empty text still has one.
-    static std::wstring_view LineSample(const CString& text) {
-        return text.IsEmpty() ? std::wstring_view(L"WOyg") : text.View();
-    }
-    /// Height of the row's line in the font that is selected.
-    static int LineHeight(HDC dc, const CString& text);
+    /// Height of a line in the font that is selected: every text measures the same, so that an empty row has
+    /// a line as well.
+    static int LineHeight(HDC dc);
     /// Where the text stands in a row.
     static CRect TextRect(const RECT& bounds, int lineHeight);
     /// The formatting rectangle of an edit box that covers a row of this size.

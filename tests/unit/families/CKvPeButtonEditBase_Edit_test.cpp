@@ -1,5 +1,4 @@
 #include "core/OleColors.h"
-#include "families/EditRowPainter.h"
 #include "tests/support/PixelCanvas.h"
 #include "tests/unit/families/ButtonBench.h"
 
@@ -12,7 +11,9 @@ protected:
     int LineHeight(const wchar_t* text) {
         const fw::WindowDc dc(Edit().m_hWnd);
         const fw::ScopedSelect font(dc, row->FontHandle());
-        return EditRowPainter::LineHeight(dc, text);
+        SIZE extent{};
+        ::GetTextExtentPoint32W(dc, text, static_cast<int>(wcslen(text)), &extent);
+        return extent.cy;
     }
     // The formatting rectangle that the box is told; what it makes of it is the system's.
     CRect RectTold(const RECT& bounds) {

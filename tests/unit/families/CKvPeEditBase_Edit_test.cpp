@@ -1,6 +1,6 @@
 #include "core/ChildIds.h"
 #include "families/CPropertyEditorText.h"
-#include "families/EditRowPainter.h"
+#include "tests/support/RowFont.h"
 #include "tests/unit/families/RowBench.h"
 
 namespace {
@@ -19,7 +19,9 @@ protected:
     int LineHeight() {
         const fw::WindowDc dc(Edit().m_hWnd);
         const fw::ScopedSelect font(dc, row->FontHandle());
-        return EditRowPainter::LineHeight(dc, L"alpha");
+        SIZE extent{};
+        ::GetTextExtentPoint32W(dc, L"alpha", 5, &extent);
+        return extent.cy;
     }
     static LRESULT CALLBACK NoteRect(HWND box, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                      DWORD_PTR told) {
@@ -268,16 +270,8 @@ TEST_F(EditRowEdit, Destruction_InEditWithTypedText_EndsTheBoxWithoutAWrite) {
 
 TEST_F(EditRowEdit, PutFont_BoxExists_BoxTakesIt) {
     Open();
-    FONTDESC description{.cbSizeofstruct = sizeof(FONTDESC),
-                         .lpstrName = const_cast<wchar_t*>(L"Tahoma"),
-                         .cySize = {.int64 = 140000},
-                         .sWeight = FW_BOLD,
-                         .sCharset = DEFAULT_CHARSET,
-                         .fItalic = FALSE,
-                         .fUnderline = FALSE,
-                         .fStrikethrough = FALSE};
-    fw::ComPtr<IFont> font;
-    ASSERT_EQ(::OleCreateFontIndirect(&description, IID_IFont, font.PutVoid()), S_OK);
+    const fw::ComPtr<IFont> font = kvtest::MakeRowFont(140000);
+    ASSERT_TRUE(font);
     EXPECT_EQ(row->Handle_put_Font(font.Get()), S_OK);
     EXPECT_EQ(Edit().GetFont(), row->FontHandle());
     EXPECT_EQ(row->Handle_put_Font(nullptr), E_POINTER);

@@ -51,14 +51,15 @@ TEST(EditRowPainter, EditTextRect_LineHigherThanWindow_StaysInsideTheWindow) {
     EXPECT_EQ(EditRowPainter::EditTextRect(CSize(1, 6), 13), CRect(1, 0, 1, 6));
 }
 
-TEST(EditRowPainter, LineHeight_EmptyText_IsThatOfTheSample) {
+TEST(EditRowPainter, LineHeight_IsWhatEveryTextMeasures) {
     const fw::UniqueFont font = MakeFont();
     const fw::WindowDc dc(nullptr);
     const fw::ScopedSelect selected(dc, font.Get());
-    EXPECT_EQ(EditRowPainter::LineSample(L""), L"WOyg");
-    EXPECT_EQ(EditRowPainter::LineSample(L"x"), L"x");
-    EXPECT_EQ(EditRowPainter::LineHeight(dc, L""), HeightOf(font.Get()));
-    EXPECT_EQ(EditRowPainter::LineHeight(dc, L"x"), HeightOf(font.Get()));
+    for (const std::wstring_view text : {L"WOyg", L"x", L"_", L"\u0416\u4E00"}) {
+        SIZE extent{};
+        ASSERT_TRUE(::GetTextExtentPoint32W(dc, text.data(), static_cast<int>(text.size()), &extent));
+        EXPECT_EQ(EditRowPainter::LineHeight(dc), extent.cy);
+    }
 }
 
 TEST(EditRowPainter, Draw_Fill_FillsTheWholeRowThenDrawsTheText) {
