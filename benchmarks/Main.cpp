@@ -17,15 +17,21 @@ constexpr int c_listSizes[] = {100, 1000, 10000};
 constexpr int c_sizes[] = {1, 100, 1000, 10000, 100000};
 
 constexpr const char* c_usage =
-    "kv_bench [--json FILE] [--max OBJECTS]\n"
+    "kv_bench [--json FILE] [--max OBJECTS] [--only WORK]\n"
     "  Times a row's work beside the same host calls made directly and prints both.\n"
     "  --json FILE    writes the figures to FILE, too\n"
-    "  --max OBJECTS  leaves out selections of more objects (100000)\n";
+    "  --max OBJECTS  leaves out selections of more objects (100000)\n"
+    "  --only WORK    one of create, paint, lists, read, write\n";
 
 struct Arguments {
     std::wstring json;
     int most = 100000;
+    std::wstring only;  // empty: all
+
+    [[nodiscard]] bool Wants(const wchar_t* work) const { return only.empty() || only == work; }
 };
+
+constexpr const wchar_t* c_works[] = {L"create", L"paint", L"lists", L"read", L"write"};
 
 bool ParseArguments(int count, wchar_t** texts, Arguments& arguments) {
     for (int index = 1; index < count; index += 2) {
@@ -37,6 +43,9 @@ bool ParseArguments(int count, wchar_t** texts, Arguments& arguments) {
             arguments.json = texts[index + 1];
         } else if (name == L"--max") {
             arguments.most = static_cast<int>(std::wcstol(texts[index + 1], nullptr, 10));
+        } else if (name == L"--only" && std::ranges::find(c_works, std::wstring_view(texts[index + 1])) !=
+                                            std::ranges::end(c_works)) {
+            arguments.only = texts[index + 1];
         } else {
             return false;
         }
@@ -44,20 +53,30 @@ bool ParseArguments(int count, wchar_t** texts, Arguments& arguments) {
     return arguments.most >= 1;
 }
 
-std::vector<kvbench::Figure> MeasureAll(int most) {
+std::vector<kvbench::Figure> MeasureAll(const Arguments& arguments) {
     std::vector<int> sizes;
     for (const int size : c_sizes) {
-        if (size <= most) {
+        if (size <= arguments.most) {
             sizes.push_back(size);
         }
     }
     std::vector<kvbench::Figure> figures;
-    kvbench::MeasureCreation(figures);
+    if (arguments.Wants(L"create")) {
+        kvbench::MeasureCreation(figures);
+    }
     kvbench::Drawing drawing(std::max(sizes.back(), 2));
-    kvbench::MeasurePainting(drawing, figures);
-    kvbench::MeasureLists(c_listSizes, figures);
-    kvbench::MeasureReads(drawing, sizes, figures);
-    kvbench::MeasureWrites(drawing, sizes, figures);
+    if (arguments.Wants(L"paint")) {
+        kvbench::MeasurePainting(drawing, figures);
+    }
+    if (arguments.Wants(L"lists")) {
+        kvbench::MeasureLists(c_listSizes, figures);
+    }
+    if (arguments.Wants(L"read")) {
+        kvbench::MeasureReads(drawing, sizes, figures);
+    }
+    if (arguments.Wants(L"write")) {
+        kvbench::MeasureWrites(drawing, sizes, figures);
+    }
     return figures;
 }
 
@@ -79,7 +98,7 @@ int wmain(int count, wchar_t** texts) {
     }
     int result = EXIT_SUCCESS;
     try {
-        const std::vector<kvbench::Figure> figures = MeasureAll(arguments.most);
+        const std::vector<kvbench::Figure> figures = MeasureAll(arguments);
         kvbench::PrintTable(figures);
         if (!arguments.json.empty() && !kvbench::WriteJson(arguments.json, figures)) {
             std::fprintf(stderr, "kv_bench: %ls cannot be written\n", arguments.json.c_str());
