@@ -97,7 +97,8 @@ void HostedControl::Configure(const RowSelection& selection) {
         fw::Ignore(
             numericEditor->SetNumericDataType(*selection.numericType));  // not every row has all of them
     }
-    if (const auto calculator = m_control.As<IKvPeCalculatorCtrl>()) {
+    const auto calculator = m_control.As<IKvPeCalculatorCtrl>();
+    if (calculator && selection.isNumber) {
         fw::Ignore(calculator->SetCalculatorMode(VARIANT_TRUE));  // the row works without a calculator
     }
 }

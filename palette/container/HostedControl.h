@@ -37,6 +37,8 @@ struct RowSelection {
     bool readOnly = false;
     /// What the property's number means; for controls that ask.
     std::optional<KvPeNumericType> numericType;
+    /// The property is a number, so that a calculator makes sense beside it.
+    bool isNumber = false;
 };
 
 /// One property control and the container's side of it: made by class id, placed in the palette, talked to by

@@ -74,6 +74,7 @@ HRESULT RowSet::SelectionOf(const kvhost::PropertyRow& row, RowSelection& select
             fw::MakeLongArray(cookies.data(), static_cast<ULONG>(cookies.size()), selection.cookies));
     }
     selection.numericType = NumericTypeOf(row);
+    selection.isNumber = row.type == VT_R8 || row.type == VT_I4;
     selection.readOnly = (row.flags & kvhost::PropertyReadOnly) != 0;
     return S_OK;
 }

@@ -448,6 +448,22 @@ class Numbers(PaletteTest):
         self.assertEqual(rows_by_name(run.json(3))["Start angle"]["text"], "22.5")
 
 
+    def test_calculator_stands_beside_numbers_only(self):
+        drawing = {"format": "qxf", "version": 1,
+                   "blocks": [{"name": "Sign", "handle": "30", "entities": []}],
+                   "entities": [{"type": "BlockReference", "handle": "31", "block": "Sign", "position": [0, 0],
+                                 "attributes": [{"handle": "32", "tag": "NUMBER", "value": "12 b",
+                                                 "position": [1, 1], "height": 1}]}]}
+        with open(self.path("sign.qxf"), "w", encoding="utf-8") as file:
+            json.dump(drawing, file)
+        run = self.run_palette("sign.qxf", "--select", "32", "--click", "Value:calculator")
+        self.assertEqual(run.status, 4, run.errors)
+        self.assertIn("no button", run.errors)
+        run = self.succeed(self.run_batch(
+            "sign.qxf", "--select 32", "--answer 3/2", "--click Height:calculator", "--rows --json"))
+        self.assertEqual(rows_by_name(run.json())["Height"]["text"], "1.5000")
+
+
 class Pictures(PaletteTest):
     def size_of(self, name):
         with open(self.path(name), "rb") as file:
