@@ -267,6 +267,18 @@ TEST_F(EnumRow, Truth_IsChosenLikeAnyOther) {
     EXPECT_EQ(Chosen(), 0);
 }
 
+// The type library declares it, and no row serves it.
+TEST_F(EnumRow, PicturesOfTheLauncher_AreReachedByNoInterface) {
+    for (const CLSID* const classId : {&CLSID_KvPePropertyEditorEnum, &CLSID_KvPePropertyEditorBool,
+                                       &CLSID_KvPePropertyEditorSpinnerEnum}) {
+        Create(*classId);
+        EXPECT_FALSE(As<IKvPeButtonPicture>());
+        EXPECT_FALSE(As<IKvPeButtonEditCtrl>());
+        EXPECT_EQ(static_cast<bool>(As<IKvPeVariantCtrl>()), *classId == CLSID_KvPePropertyEditorSpinnerEnum);
+        Discard();
+    }
+}
+
 TEST_F(EnumRow, Element_IsToldByThePublishedInterface) {
     Create(CLSID_KvPePropertyEditorSpinnerEnum);
     kvhost::ScriptedObject& object =

@@ -201,6 +201,32 @@ TEST_F(ListLauncher, Button_HasTheFamilysStyleAndPictures) {
     EXPECT_EQ(::GetWindowTextLengthW(Button()), 0);
 }
 
+TEST_F(ListLauncher, Button_TakesThePicturesThatThereAre) {
+    struct Given {
+        bool defaultPicture;
+        bool disabledPicture;
+        bool takesDefault;
+        bool takesDisabled;
+    };
+    // A picture for the disabled state makes none for the other.
+    for (const Given& given : {Given{false, false, false, false}, Given{true, false, true, false},
+                               Given{true, true, true, true}, Given{false, true, false, false}}) {
+        const fw::ComPtr<IPicture> first = kvtest::MakePicture(8, 8, RGB(255, 0, 0));
+        const fw::ComPtr<IPicture> second = kvtest::MakePicture(8, 8, RGB(0, 255, 0));
+        EXPECT_EQ(Row().SetDefaultPicture(given.defaultPicture ? first.Get() : nullptr), S_OK);
+        EXPECT_EQ(Row().SetDisabledPicture(given.disabledPicture ? second.Get() : nullptr), S_OK);
+        const ULONG beforeOfFirst = kvtest::ReferencesOf(first.Get());
+        const ULONG beforeOfSecond = kvtest::ReferencesOf(second.Get());
+        Select(&ObjectWithPage(true));
+        Edit();
+        EXPECT_EQ(kvtest::ReferencesOf(first.Get()), beforeOfFirst + (given.takesDefault ? 1 : 0));
+        EXPECT_EQ(kvtest::ReferencesOf(second.Get()), beforeOfSecond + (given.takesDisabled ? 1 : 0));
+        EXPECT_EQ(shell->UIDeactivate(), S_OK);
+        EXPECT_EQ(Row().Cleanup(), S_OK);
+        Row().m_state = EditState_NeverShown;
+    }
+}
+
 TEST_F(ListLauncher, Pictures_AreCounted) {
     const fw::ComPtr<IPicture> picture = kvtest::MakePicture(8, 8, RGB(255, 0, 0));
     const ULONG before = kvtest::ReferencesOf(picture.Get());

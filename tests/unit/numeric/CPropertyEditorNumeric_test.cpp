@@ -204,6 +204,17 @@ TEST_F(NumericRow, Write_UnspecifiedText_OnlyWhereAllowed) {
     EXPECT_EQ(WriteRow(L"None"), E_FAIL);
 }
 
+// What the caller says of the text stays said when the text is a number.
+TEST_F(NumericRow, Write_NumberAsUnspecified_KeepsTheTypeThatCame) {
+    InitOne(1, kvhost::OffersUnspecified);
+    FirstValue().unspecifiedAllowed = true;
+    row.m_allowUnspecified = true;
+    row.m_unspecifiedText = L"none";
+    EXPECT_EQ(WriteRow(L"2", ValueType_Unspecified), S_OK);
+    EXPECT_CALLS(NumberCalls(), "kvdbDisToF 2 -1", "SetUnspecified A 5 -1");
+    EXPECT_EQ(WriteRow(fw::Variant::FromDouble(2), ValueType_Unspecified), E_FAIL) << "that is no text";
+}
+
 TEST_F(NumericRow, Write_VariantOfThePropertysType_Passes) {
     InitOne(1);
     EXPECT_EQ(WriteRow(fw::Variant::FromDouble(3.5)), S_OK);
