@@ -2,14 +2,6 @@
 
 #include "framework/base/Hresult.h"
 
-EXCEPINFO* ExceptionRecord::Put() {
-    if (HoldsTexts()) {
-        Clear();
-    }
-    m_info = {};
-    return &m_info;
-}
-
 void ExceptionRecord::Complete() {
     if (m_info.pfnDeferredFillIn != nullptr) {
         // Without the details the record is as good as one of an object that gives none.

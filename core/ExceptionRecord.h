@@ -15,7 +15,13 @@ public:
     }
 
     /// Empties the record and gives the place for a call to fill.
-    EXCEPINFO* Put();
+    EXCEPINFO* Put() {
+        if (m_used) {
+            Clear();
+        }
+        m_used = true;
+        return &m_info;
+    }
     /// Lets an object that deferred the details fill them in; to be called when the call raised an exception.
     void Complete();
     void Clear();
@@ -32,4 +38,5 @@ private:
     }
 
     EXCEPINFO m_info{};
+    bool m_used = false;
 };
