@@ -1,8 +1,10 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "core/CPropTextTooltip.h"
+#include "core/EndedSelection.h"
 #include "core/Export.h"
 #include "core/ValueType.h"
 #include "framework/base/CString.h"
@@ -219,6 +221,7 @@ protected:
     BOOL m_keepEditOnHide = FALSE;
 
 private:
+    class SelectionUse;
     class ValueReader;
     class ValueWriter;
     class DialogRun;
@@ -241,4 +244,6 @@ private:
     [[nodiscard]] HRESULT TellPaletteNewValue(const VARIANT& value);
 
     CKvPeFamilyRole* m_familyRole = nullptr;  // the derived object
+    int m_selectionUses = 0;
+    std::vector<EndedSelection> m_endedSelections;  // while they are used
 };

@@ -8,6 +8,7 @@
 #include "core/ModelessMarks.h"
 #include "core/ObjectWritability.h"
 #include "core/SelectionEntry.h"
+#include "core/SelectionUse.h"
 #include "framework/base/MessageBox.h"
 #include "framework/com/SafeArray.h"
 #include "host_sdk/IDynamicPropertyDialog.h"
@@ -97,8 +98,9 @@ HRESULT CKvPeCtrlBase::LaunchZRBPropertyDialog(CString& text) {
     if (EntryCount() == 0) {
         return S_OK;
     }
+    const SelectionUse use(*this);
     const SelectionEntry first = EntryAt(0);
-    if (first.object && IsObjectWritable(first.object.Get()) == 0) {
+    if (first.object && IsObjectWritable(first.object) == 0) {
         kvedSendModelessOperationEnded(KVPE_MARK_CHANGE_SELECTION);
         return S_OK;
     }
@@ -109,10 +111,10 @@ HRESULT CKvPeCtrlBase::LaunchZRBPropertyDialog(CString& text) {
 void CKvPeCtrlBase::DialogRun::Run(const SelectionEntry& entry) {
     KvPeDialogScope scope(m_control.m_events, m_control.m_propertyIdentifier.Get(), m_text,
                           c_propertyDialogCode);
-    if (RunDialogOfDynamicProperty(entry.dynamicProperty.Get())) {
+    if (RunDialogOfDynamicProperty(entry.dynamicProperty)) {
         return;
     }
-    IUnknown* const asked = entry.dynamicProperty ? entry.dynamicProperty.Get() : entry.object.Get();
+    IUnknown* const asked = entry.dynamicProperty ? entry.dynamicProperty : entry.object;
     if (asked == nullptr) {
         return;
     }

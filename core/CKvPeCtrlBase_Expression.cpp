@@ -24,9 +24,11 @@ HRESULT ReadExpression(IUnknown* asked, const VARIANT& key, VARIANT& expression,
     supported = true;
     fw::Bstr text;
     RETURN_HR_IF(E_FAIL, FAILED(support->GetExpression(key, text.Put())));
-    fw::Variant result = fw::Variant::FromBstr(std::move(text));
-    ::VariantClear(&expression);
-    result.DetachTo(expression);
+    if (expression.vt != VT_EMPTY) {
+        ::VariantClear(&expression);
+    }
+    expression.vt = VT_BSTR;
+    expression.bstrVal = text.Get() != nullptr ? text.Detach() : ::SysAllocString(L"");
     return S_OK;
 }
 

@@ -5,6 +5,7 @@
 #include "core/PropertyEditability.h"
 #include "core/ReadFailures.h"
 #include "core/SelectionEntry.h"
+#include "core/SelectionUse.h"
 #include "framework/com/Variant.h"
 
 namespace {
@@ -80,19 +81,26 @@ void AskIsReadOnly(DynamicForm& form, BOOL& readOnly) {
 class CKvPeCtrlBase::ValueReader {
 public:
     ValueReader(CKvPeCtrlBase& control, VARIANT& value, ValueType& type)
-        : m_control(control), m_value(value), m_type(type) {}
+        : m_control(control), m_use(control), m_value(value), m_type(type) {}
 
     [[nodiscard]] HRESULT ReadFirstObject(const SelectionEntry& entry);
     /// To be called when the first object was read and had one value.
     [[nodiscard]] HRESULT ReadFurtherObjects(int count);
 
 private:
-    // What the read of one further object finds.
+    // What the read of one further object finds. Emptied for the next one, whose texts find their place made.
     struct Reading {
         fw::Variant value;
         bool unspecified = false;
         bool supportsExpression = false;
         CString expression;
+
+        void Empty() {
+            value.Clear();
+            unspecified = false;
+            supportsExpression = false;
+            expression.Empty();
+        }
     };
 
     [[nodiscard]] HRESULT ReadFirstByDispid(const SelectionEntry& entry);
@@ -108,6 +116,7 @@ private:
     void TakeOverEditability(const SelectionEntry& entry);
 
     CKvPeCtrlBase& m_control;
+    SelectionUse m_use;
     VARIANT& m_value;  // the first object's
     ValueType& m_type;
     bool m_anySupportsExpression = false;
@@ -148,7 +157,7 @@ HRESULT CKvPeCtrlBase::ValueReader::ReadFirstObject(const SelectionEntry& entry)
 }
 
 HRESULT CKvPeCtrlBase::ValueReader::ReadFirstByDispid(const SelectionEntry& entry) {
-    IDispatch* const object = entry.object.Get();
+    IDispatch* const object = entry.object;
     SCODE exceptionCode = 0;
     bool unspecified = false;
     HRESULT result = m_control.CheckPropertyForUnspecifiedValue(entry.dispid, object, &m_value, &unspecified);
@@ -173,19 +182,19 @@ HRESULT CKvPeCtrlBase::ValueReader::ReadFirstByDispid(const SelectionEntry& entr
 }
 
 HRESULT CKvPeCtrlBase::ValueReader::ReadFirstDynamic(const SelectionEntry& entry) {
-    const DynamicForms forms(entry.dynamicProperty.Get());
+    const DynamicForms forms(entry.dynamicProperty);
     RETURN_HR_IF(E_FAIL, forms.IsMissing());
-    IUnknown* const dynamicProperty = entry.dynamicProperty.Get();
+    IUnknown* const dynamicProperty = entry.dynamicProperty;
     bool unspecified = false;
-    HRESULT result = m_control.CheckPropertyForUnspecifiedValue(dynamicProperty, entry.object.Get(), &m_value,
-                                                                &unspecified);
+    HRESULT result =
+        m_control.CheckPropertyForUnspecifiedValue(dynamicProperty, entry.object, &m_value, &unspecified);
     if (SUCCEEDED(result) && unspecified) {
         m_type = ValueType_Unspecified;
     }
 
     // The text is empty when the property cannot tell; the read goes on.
-    fw::Ignore(m_control.GetPropertyExpressionHelper(dynamicProperty, entry.object.Get(),
-                                                     m_control.m_expression, m_anySupportsExpression));
+    fw::Ignore(m_control.GetPropertyExpressionHelper(dynamicProperty, entry.object, m_control.m_expression,
+                                                     m_anySupportsExpression));
     NoteFirstExpression();
 
     if (m_type != ValueType_Unspecified) {
@@ -200,14 +209,15 @@ HRESULT CKvPeCtrlBase::ValueReader::ReadFirstDynamic(const SelectionEntry& entry
 
 HRESULT CKvPeCtrlBase::ValueReader::ReadFurtherObjects(int count) {
     const bool firstHadNoExpression = m_control.m_expression.IsEmpty();
+    Reading reading;
     // A host call may end the selection; the entries that are gone are not read.
     for (int index = 1; index < count && index < m_control.EntryCount(); ++index) {
         const SelectionEntry entry = m_control.EntryAt(index);
-        const DynamicForms forms(entry.IsDynamic() ? entry.dynamicProperty.Get() : nullptr);
+        const DynamicForms forms(entry.IsDynamic() ? entry.dynamicProperty : nullptr);
         if (!entry.object || (entry.IsDynamic() && forms.IsMissing())) {
             continue;
         }
-        Reading reading;
+        reading.Empty();
         RETURN_IF_FAILED_EXPECTED(entry.IsDynamic() ? ReadFurtherDynamic(entry, forms, reading)
                                                     : ReadFurtherByDispid(entry, reading));
         m_anySupportsExpression = m_anySupportsExpression || reading.supportsExpression;
@@ -224,7 +234,7 @@ HRESULT CKvPeCtrlBase::ValueReader::ReadFurtherObjects(int count) {
 }
 
 HRESULT CKvPeCtrlBase::ValueReader::ReadFurtherByDispid(const SelectionEntry& entry, Reading& reading) {
-    IDispatch* const object = entry.object.Get();
+    IDispatch* const object = entry.object;
     SCODE exceptionCode = 0;
     HRESULT result = m_control.CheckPropertyForUnspecifiedValue(entry.dispid, object, reading.value.Address(),
                                                                 &reading.unspecified);
@@ -245,9 +255,9 @@ HRESULT CKvPeCtrlBase::ValueReader::ReadFurtherByDispid(const SelectionEntry& en
 
 HRESULT CKvPeCtrlBase::ValueReader::ReadFurtherDynamic(const SelectionEntry& entry, const DynamicForms& forms,
                                                        Reading& reading) {
-    IUnknown* const dynamicProperty = entry.dynamicProperty.Get();
+    IUnknown* const dynamicProperty = entry.dynamicProperty;
     HRESULT result = m_control.CheckPropertyForUnspecifiedValue(
-        dynamicProperty, entry.object.Get(), reading.value.Address(), &reading.unspecified);
+        dynamicProperty, entry.object, reading.value.Address(), &reading.unspecified);
     if (FAILED(result) || !reading.unspecified) {
         result = ReadDynamicValue(entry, forms, *reading.value.Address());
     }
@@ -255,15 +265,15 @@ HRESULT CKvPeCtrlBase::ValueReader::ReadFurtherDynamic(const SelectionEntry& ent
         TakeOverReadOnlyState(forms);
     }
     // The text is empty when the property cannot tell; the read goes on.
-    fw::Ignore(m_control.GetPropertyExpressionHelper(dynamicProperty, entry.object.Get(), reading.expression,
+    fw::Ignore(m_control.GetPropertyExpressionHelper(dynamicProperty, entry.object, reading.expression,
                                                      reading.supportsExpression));
     return result;
 }
 
 HRESULT CKvPeCtrlBase::ValueReader::ReadDynamicValue(const SelectionEntry& entry, const DynamicForms& forms,
                                                      VARIANT& value) {
-    return forms.byObject ? forms.byObject->GetCurrentValueData(entry.object.Get(), &value)
-                          : m_control.GetDynamicPropertyValue(entry.object.Get(), forms.byId.Get(), &value);
+    return forms.byObject ? forms.byObject->GetCurrentValueData(entry.object, &value)
+                          : m_control.GetDynamicPropertyValue(entry.object, forms.byId.Get(), &value);
 }
 
 bool CKvPeCtrlBase::ValueReader::DiffersFromFirst(Reading& reading) {
@@ -304,7 +314,7 @@ void CKvPeCtrlBase::ValueReader::TakeOverReadOnlyState(const DynamicForms& forms
 
 void CKvPeCtrlBase::ValueReader::TakeOverEditability(const SelectionEntry& entry) {
     bool readOnly = false;
-    if (!m_control.m_readOnly && AskIsReadOnly(entry.object.Get(), entry.dispid, readOnly)) {
+    if (!m_control.m_readOnly && AskIsReadOnly(entry.object, entry.dispid, readOnly)) {
         m_control.m_readOnly = readOnly;
     }
 }

@@ -44,14 +44,6 @@ HRESULT ReadElement(const VARIANT& value, LONG index, Element* element) {
     return SUCCEEDED(::SafeArrayGetElement(value.parray, &index, element)) ? S_OK : E_FAIL;
 }
 
-template <class Interface>
-void ReleaseAll(Interface* const* references, int count) {
-    for (int index = 0; index < count; ++index) {
-        fw::ComPtr<Interface> reference;
-        reference.Attach(references[index]);
-    }
-}
-
 }  // namespace
 
 HRESULT CKvPeCtrlBase::Handle_InitEditControl(VARIANT* objects, VARIANT* dynamicProperties, VARIANT* dispids,
@@ -110,15 +102,11 @@ HRESULT CKvPeCtrlBase::StoreEntry(LONG index, const VARIANT& objects, const VARI
 }
 
 HRESULT CKvPeCtrlBase::Cleanup() {
-    if (m_dynamicProperties) {
-        ReleaseAll(m_dynamicProperties.get(), m_objectCount);
-    }
-    if (m_objects) {
-        ReleaseAll(m_objects.get(), m_objectCount);
-    }
     m_dispids.reset();
-    m_dynamicProperties.reset();
-    m_objects.reset();
+    EndedSelection ended(std::move(m_objects), std::move(m_dynamicProperties), m_objectCount);
+    if (m_selectionUses > 0) {
+        m_endedSelections.push_back(std::move(ended));
+    }
     return S_OK;
 }
 

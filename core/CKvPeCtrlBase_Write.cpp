@@ -7,6 +7,7 @@
 #include "core/ModuleTexts.h"
 #include "core/ObjectWritability.h"
 #include "core/SelectionEntry.h"
+#include "core/SelectionUse.h"
 #include "core/ValueWriter.h"
 #include "framework/com/Guarded.h"
 #include "framework/com/Variant.h"
@@ -52,8 +53,11 @@ HRESULT CKvPeCtrlBase::SetPropertyValue(VARIANT* value, ValueType type) {
         // The objects are written whether or not a sink listens.
         fw::Ignore(m_events->FireBeginPropertyUpdateEvent());
     }
-    for (int index = 0; index < EntryCount(); ++index) {
-        writer.Write(EntryAt(index));
+    {
+        const SelectionUse use(*this);
+        for (int index = 0; index < EntryCount(); ++index) {
+            writer.Write(EntryAt(index));
+        }
     }
     const HRESULT result = writer.Result();
     PostPropertyChangeRestore(result, writer.SawLockedObject(), groupOwner);

@@ -46,7 +46,7 @@ CKvPeCtrlBase::ValueWriter::ValueWriter(CKvPeCtrlBase& control, VARIANT& value, 
 }
 
 void CKvPeCtrlBase::ValueWriter::Write(const SelectionEntry& entry) {
-    IDispatch* const object = entry.object.Get();
+    IDispatch* const object = entry.object;
     // What was opened for the write is closed behind an object that throws, here and below.
     if (fw::Guarded([&] { return static_cast<HRESULT>(IsObjectWritable(object)); }) == 0) {
         m_sawLockedObject = true;
@@ -71,7 +71,7 @@ void CKvPeCtrlBase::ValueWriter::WriteByDispid(const SelectionEntry& entry) {
 }
 
 HRESULT CKvPeCtrlBase::ValueWriter::PutByDispid(const SelectionEntry& entry) {
-    IDispatch* const object = entry.object.Get();
+    IDispatch* const object = entry.object;
     HRESULT result = m_result;
     if (m_control.m_allowUnspecified) {
         result =
@@ -86,7 +86,7 @@ HRESULT CKvPeCtrlBase::ValueWriter::PutByDispid(const SelectionEntry& entry) {
 }
 
 void CKvPeCtrlBase::ValueWriter::WriteDynamic(const SelectionEntry& entry) {
-    const DynamicForms forms(entry.dynamicProperty.Get());
+    const DynamicForms forms(entry.dynamicProperty);
     if (forms.IsMissing()) {
         return;
     }
@@ -95,8 +95,8 @@ void CKvPeCtrlBase::ValueWriter::WriteDynamic(const SelectionEntry& entry) {
 }
 
 HRESULT CKvPeCtrlBase::ValueWriter::PutDynamic(const SelectionEntry& entry, const DynamicForms& forms) {
-    IUnknown* const dynamicProperty = entry.dynamicProperty.Get();
-    IDispatch* const object = entry.object.Get();
+    IUnknown* const dynamicProperty = entry.dynamicProperty;
+    IDispatch* const object = entry.object;
     HRESULT result = m_result;
     if (m_control.m_allowUnspecified) {
         result =

@@ -5,11 +5,10 @@
 #include "host_sdk/IDynamicProperty.h"
 #include "host_sdk/IDynamicPropertyByObject.h"
 
-/// One entry of a control's selection, held while it is read or written: host calls may replace the
-/// selection.
+/// One entry of a control's selection. Its user sees to it that the objects live as long.
 struct SelectionEntry {
-    fw::ComPtr<IDispatch> object;
-    fw::ComPtr<IUnknown> dynamicProperty;
+    IDispatch* object = nullptr;
+    IUnknown* dynamicProperty = nullptr;
     long dispid = 0;
 
     [[nodiscard]] bool IsDynamic() const { return dispid == DISPID_DYNAMIC; }

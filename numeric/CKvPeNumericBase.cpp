@@ -73,7 +73,9 @@ bool CKvPeNumericBase::ProbePropertyValueType() {
     if (EntryCount() == 0 || m_objects[0] == nullptr) {
         return true;
     }
-    const SelectionEntry entry{m_objects[0], m_dynamicProperties[0], m_dispids[0]};
+    const fw::ComPtr<IDispatch> object(m_objects[0]);
+    const fw::ComPtr<IUnknown> dynamicProperty(m_dynamicProperties[0]);
+    const SelectionEntry entry{object.Get(), dynamicProperty.Get(), m_dispids[0]};
     return entry.IsDynamic() ? ProbeDynamicProperty(entry) : ProbeObject(entry);
 }
 
@@ -95,11 +97,11 @@ bool CKvPeNumericBase::ProbeObject(const SelectionEntry& entry) {
     if (result == DISP_E_EXCEPTION) {
         exception.Complete();
     }
-    return IsMissingValueFailure(result, exception.Code(), entry.object.Get(), entry.dispid);
+    return IsMissingValueFailure(result, exception.Code(), entry.object, entry.dispid);
 }
 
 bool CKvPeNumericBase::ProbeDynamicProperty(const SelectionEntry& entry) {
-    const DynamicForms forms(entry.dynamicProperty.Get());
+    const DynamicForms forms(entry.dynamicProperty);
     if (forms.IsMissing()) {
         return false;
     }
@@ -111,8 +113,8 @@ bool CKvPeNumericBase::ProbeDynamicProperty(const SelectionEntry& entry) {
     }
     fw::Variant value;
     const HRESULT result = forms.byObject
-                               ? forms.byObject->GetCurrentValueData(entry.object.Get(), value.Put())
-                               : GetDynamicPropertyValue(entry.object.Get(), forms.byId.Get(), value.Put());
+                               ? forms.byObject->GetCurrentValueData(entry.object, value.Put())
+                               : GetDynamicPropertyValue(entry.object, forms.byId.Get(), value.Put());
     if (FAILED(result)) {
         return false;
     }

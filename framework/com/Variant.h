@@ -54,8 +54,11 @@ public:
     /// Clears the value and gives the place for an out argument.
     VARIANT* Put() noexcept;
     void Clear() noexcept {
-        // Rows make and drop so many numbers that asking the system to clear each one shows.
+        // Rows make and drop so many numbers and texts that asking the system to clear each one shows.
         if (HoldsNothing(m_value.vt)) {
+            m_value.vt = VT_EMPTY;
+        } else if (m_value.vt == VT_BSTR) {
+            ::SysFreeString(m_value.bstrVal);
             m_value.vt = VT_EMPTY;
         } else {
             ReleaseHeld();

@@ -312,6 +312,24 @@ TEST_F(CKvPeCtrlBase_Read, SelectionEndsDuringRead_StopsWithoutHarm) {
     EXPECT_CALLS(journal, "Invoke A get 5", "Invoke B get 5");
 }
 
+TEST_F(CKvPeCtrlBase_Read, SelectionEndsDuringRead_ObjectsAreLetGoBehindIt) {
+    ScriptedObject& object = MakeObject(L"A");
+    ScriptedDynamicProperty& property = MakeProperty(L"P", kvhost::OffersByObject);
+    const ULONG objectBefore = object.References();
+    const ULONG propertyBefore = property.References();
+    Select(SelectionArrays().Add(&object).AddDynamic(&object, &property));
+    const ULONG selected = object.References();
+    object.script.onCall = [&](const std::wstring&) {
+        EXPECT_EQ(control.Cleanup(), S_OK);
+        EXPECT_EQ(object.References(), selected);
+        EXPECT_EQ(Read(), E_FAIL) << "there is no selection any more";
+        EXPECT_EQ(object.References(), selected) << "the outer read still uses it";
+    };
+    EXPECT_EQ(Read(), S_OK);
+    EXPECT_EQ(object.References(), objectBefore);
+    EXPECT_EQ(property.References(), propertyBefore);
+}
+
 TEST_F(CKvPeCtrlBase_Read, LeavesReferencesBalanced) {
     ScriptedObject& object = MakeObject(
         L"A", L"same", kvhost::OffersUnspecified | kvhost::OffersExpression | kvhost::OffersEditability);

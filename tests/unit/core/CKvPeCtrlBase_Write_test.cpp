@@ -130,6 +130,19 @@ TEST_F(CKvPeCtrlBase_Write, SelectionEndsDuringWrite_StopsWithoutHarm) {
     EXPECT_TRUE(objects[1]->At(c_property).puts.empty());
 }
 
+TEST_F(CKvPeCtrlBase_Write, SelectionEndsDuringWrite_ObjectsAreLetGoBehindIt) {
+    ScriptedObject& object = MakeObject(L"A");
+    const ULONG before = object.References();
+    Select(SelectionArrays().Add(&object));
+    const ULONG selected = object.References();
+    object.script.onCall = [&](const std::wstring&) {
+        EXPECT_EQ(control.Cleanup(), S_OK);
+        EXPECT_GE(object.References(), selected);
+    };
+    EXPECT_EQ(WriteText(L"new"), S_OK);
+    EXPECT_EQ(object.References(), before);
+}
+
 TEST_F(CKvPeCtrlBase_Write, LeavesReferencesBalanced) {
     ScriptedObject& object = MakeObject(L"A", L"old", kvhost::OffersUpdate | kvhost::OffersIdentity);
     ScriptedDynamicProperty& property = MakeProperty(L"P", kvhost::OffersByObject | kvhost::OffersById);
