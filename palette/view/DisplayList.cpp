@@ -96,6 +96,9 @@ COLORREF ScreenColorOf(const kvhost::Entity& entity) {
     }
 }
 
+DisplayList::DisplayList(std::function<void()> onStale) : m_onStale(std::move(onStale)) {
+}
+
 DisplayList::~DisplayList() {
     SetDatabase(nullptr);
 }
@@ -109,7 +112,6 @@ void DisplayList::SetDatabase(kvhost::Database* database) {
         m_database->AddReactor(this);
     }
     m_allChanged = true;
-    ++m_version;
 }
 
 const std::vector<Shape>& DisplayList::Shapes() {
@@ -149,17 +151,22 @@ void DisplayList::ObjectErased(const kvhost::Database&, const kvhost::Object& ob
 void DisplayList::DatabaseGone(const kvhost::Database&) {
     m_database = nullptr;
     m_allChanged = true;
-    ++m_version;
 }
 
 // Only an entity of the list itself can change alone; parts of blocks and layers show in many places.
 void DisplayList::Note(const kvhost::Object& object, bool listChanges) {
-    ++m_version;
+    TellStale();
     const std::uint64_t handle = object.Id().handle();
     if (listChanges || !dynamic_cast<const kvhost::Entity*>(&object) || !m_indexOfHandle.contains(handle)) {
         m_allChanged = true;
     } else {
         m_changed.insert(handle);
+    }
+}
+
+void DisplayList::TellStale() {
+    if (!m_allChanged && m_changed.empty()) {
+        m_onStale();
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -45,7 +46,8 @@ struct Shape {
 /// the list is next asked, a changed layer or block makes the whole list anew.
 class DisplayList final : public kvhost::DatabaseReactor {
 public:
-    DisplayList() = default;
+    /// `onStale` is called at the first change after the list was asked, however many follow.
+    explicit DisplayList(std::function<void()> onStale);
     ~DisplayList();
     DisplayList(const DisplayList&) = delete;
     DisplayList& operator=(const DisplayList&) = delete;
@@ -57,8 +59,6 @@ public:
     /// Null for an object that is not shown.
     const Shape* Find(KvDbObjectId id);
     kvhost::Bounds Extents();
-    /// Counts up with every change.
-    std::uint64_t Version() const { return m_version; }
 
     // kvhost::DatabaseReactor
     void ObjectAppended(const kvhost::Database& database, const kvhost::Object& object) override;
@@ -68,15 +68,16 @@ public:
 
 private:
     void Note(const kvhost::Object& object, bool listChanges);
+    void TellStale();
     void Update();
     void Rebuild();
 
+    std::function<void()> m_onStale;
     kvhost::Database* m_database = nullptr;
     std::vector<Shape> m_shapes;
     std::unordered_map<std::uint64_t, std::size_t> m_indexOfHandle;
     std::unordered_set<std::uint64_t> m_changed;
     bool m_allChanged = true;
-    std::uint64_t m_version = 0;
 };
 
 /// Colour of an entity on the drawing's dark ground.

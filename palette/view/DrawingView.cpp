@@ -128,6 +128,12 @@ LRESULT DrawingView::OnPaint(UINT, WPARAM, LPARAM, BOOL&) {
     return 0;
 }
 
+void DrawingView::PaintAnew() {
+    if (IsWindow()) {
+        Invalidate(FALSE);
+    }
+}
+
 void DrawingView::Paint(HDC dc) {
     DrawingPainter painter(dc, m_transform);
     painter.PaintGround();

@@ -60,6 +60,8 @@ private:
     LRESULT OnCaptureChanged(UINT message, WPARAM wParam, LPARAM lParam, BOOL& handled);
     LRESULT OnKeyDown(UINT message, WPARAM wParam, LPARAM lParam, BOOL& handled);
 
+    /// What changes in the drawing is seen, whoever changed it: previews tell nobody else.
+    void PaintAnew();
     void Paint(HDC dc);
     void PaintBox(HDC dc) const;
     void FinishBox(WPARAM keys);
@@ -82,7 +84,7 @@ private:
 
     PickHandler m_onPick;
     PointerHandler m_onPointer;
-    DisplayList m_list;
+    DisplayList m_list{[this] { PaintAnew(); }};
     ViewTransform m_transform;
     std::vector<KvDbObjectId> m_highlighted;
     std::unordered_set<std::uint64_t> m_highlightedHandles;

@@ -1,5 +1,8 @@
 #include "palette/view/DrawingView.h"
 
+#include "refhost/db/ScopedOpen.h"
+#include "refhost/db/Text.h"
+#include "refhost/db/UndoController.h"
 #include "tests/palette/PaletteFixture.h"
 
 namespace {
@@ -70,6 +73,24 @@ TEST_F(DrawingViewTest, EditedText_IsShownWhereItStands) {
     POINT end = ScreenPoint(20, 2);
     Window().View().ScreenToClient(&end);
     EXPECT_EQ(Window().View().ObjectAt(end), text);
+}
+
+TEST_F(DrawingViewTest, PreviewedValue_IsPaintedAndTakenBack) {
+    const KvDbObjectId text = AddText(L"one", 0, 0);
+    kvhost::Database& drawing = Window().Document().GetDatabase();
+    const HWND view = Window().View().m_hWnd;
+    const auto isToBePainted = [view] { return ::GetUpdateRect(view, nullptr, FALSE) != FALSE; };
+    ::UpdateWindow(view);
+    ASSERT_FALSE(isToBePainted());
+    kvhost::PreviewRecord& preview = drawing.Undo().Preview();
+    preview.BeginRecording();
+    kvhost::ScopedOpen<kvhost::Text>(text, KvDb::kForWrite)->SetHeight(20);
+    preview.EndRecording();
+    EXPECT_TRUE(isToBePainted());
+    ::UpdateWindow(view);
+    EXPECT_FALSE(isToBePainted());
+    preview.TakeBack();
+    EXPECT_TRUE(isToBePainted());
 }
 
 TEST_F(DrawingViewTest, Escape_PicksNothing) {
