@@ -241,6 +241,35 @@ class Edits(PaletteTest):
         self.assertEqual(run.status, 4, run.errors)
         self.assertIn(f"1 of {len(handles('Text'))} objects lie on a locked layer", run.errors)
 
+    def test_layers_follow_their_rules(self):
+        hall = handles("Text", "Village hall")[0]
+        with open(SITE, encoding="utf-8") as file:
+            layers = json.load(file)["layers"]
+        run = self.succeed(self.run_batch(
+            SITE, f"--select {hall}", "--list Layer --json", f"--say {MARK}",
+            '--hover "Layer=Sewer"', "--objects --json", f"--say {MARK}",
+            "--escape", "--objects --json", f"--say {MARK}",
+            "--select none", "--select layer=Sewer", '--select "layer=Setting out"', '--set "Layer=Paths"',
+            "--objects --json", f"--say {MARK}", "--undo", "--objects --json", f"--say {MARK}",
+            "--select none", "--select layer=Boundary", "--rows --json", f"--say {MARK}",
+            "--select none", '--select "layer=Town|Contours"', "--rows --json"))
+        listed = run.json(0)["entries"]
+        self.assertEqual(sorted(entry["text"] for entry in listed), sorted(layer["name"] for layer in layers))
+        self.assertEqual([entry["text"] for entry in listed if entry["current"]], ["Labels"])
+
+        def layers_of(part):
+            return [found["properties"]["Layer"] for found in run.json(part)["objects"]]
+        self.assertEqual(layers_of(1), ["Sewer"], "previewed, frozen as it is")
+        self.assertEqual(layers_of(2), ["Labels"])
+        self.assertEqual(layers_of(3), ["Paths", "Paths"])
+        self.assertEqual(layers_of(4), ["Sewer", "Setting out"])
+        for part, layer in ((5, "Boundary"), (6, "Town|Contours")):
+            row = rows_by_name(run.json(part))["Layer"]
+            self.assertEqual((row["text"], row["readOnly"]), (layer, True))
+        run = self.run_palette(SITE, "--select", hall, "--set", "Layer=Town|Contours")
+        self.assertEqual(run.status, 4, run.errors)
+        self.assertIn("--set Layer: ", run.errors)
+
     def test_rows_without_lists_buttons_and_points_say_so(self):
         hall = handles("Text", "Village hall")[0]
         for command in (["--list", "Linetype"], ["--hover", "Linetype=Continuous"], ["--click", "Linetype:0"], ["--pick", "1,2"],
