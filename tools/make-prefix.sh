@@ -58,7 +58,8 @@ find "$fresh/drive_c/users" -type l | while read -r link; do rm "$link" && mkdir
     if [ -n "$heap" ]; then
         printf '\n[HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Control\\Session Manager]\n"GlobalFlag"=dword:00000070\n'
     fi
-    # Without a debugger and a crash dialog a crashed process ends at once, with a status that tells of it.
+    # Without a debugger and a crash dialog a crashed process ends at once, with a status that tells of it. Tips are
+    # yellowish, as on Windows: lists would take a white ground for that of tips.
     cat <<'REG'
 
 [HKEY_CURRENT_USER\Software\Wine\WineDbg]
@@ -69,6 +70,9 @@ find "$fresh/drive_c/users" -type l | while read -r link; do rm "$link" && mkdir
 
 [HKEY_CURRENT_USER\Software\Microsoft\Windows\CurrentVersion\ThemeManager]
 "ThemeActive"="0"
+
+[HKEY_CURRENT_USER\Control Panel\Colors]
+"InfoWindow"="255 255 225"
 
 [HKEY_CURRENT_USER\Control Panel\Desktop]
 "FontSmoothing"="0"
