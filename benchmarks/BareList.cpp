@@ -14,6 +14,17 @@ constexpr UINT c_entryFormat = DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOCLI
 constexpr LONG c_frame = 2;
 constexpr LONG c_openRows = 9;
 
+DWORD StyleOf(BareList::Entries entries) {
+    switch (entries) {
+        case BareList::Entries::OwnerDrawn:
+            return CPeComboCustom::Style;
+        case BareList::Entries::Sorted:
+            return CPeComboCustom::SortedStyle;
+        default:
+            return c_plainStyle;
+    }
+}
+
 }  // namespace
 
 BareList::BareList(Entries entries, HFONT font, const RECT& row)
@@ -28,7 +39,7 @@ BareList::BareList(Entries entries, HFONT font, const RECT& row)
                                 nullptr, parentClass.hInstance, this);
     m_row = ::CreateWindowExW(0, c_parentClass, L"", WS_CHILD | WS_VISIBLE, row.left, row.top, width,
                               m_rowHeight, m_frame, nullptr, parentClass.hInstance, this);
-    const DWORD style = entries == Entries::Plain ? c_plainStyle : CPeComboCustom::Style;
+    const DWORD style = StyleOf(entries);
     m_list = ::CreateWindowExW(0, WC_COMBOBOXW, L"", style, -c_frame, -c_frame, width + 2 * c_frame,
                                c_openRows * m_rowHeight, m_row, reinterpret_cast<HMENU>(1002),
                                parentClass.hInstance, nullptr);
@@ -84,7 +95,7 @@ void BareList::Open(const std::vector<std::wstring>& texts) {
     ::SendMessageW(m_list, CB_RESETCONTENT, 0, 0);
     for (const std::wstring& text : texts) {
         const LRESULT row = ::SendMessageW(m_list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
-        if (m_entries == Entries::OwnerDrawn) {
+        if (m_entries != Entries::Plain) {
             ::SendMessageW(m_list, CB_SETITEMDATA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&text));
         }
     }

@@ -10,8 +10,8 @@ namespace kvbench {
 /// The platform's own drop-down without any of our code around it: the floor of list rows.
 class BareList {
 public:
-    /// Who draws the entries: the platform, or the parent, as COwnerDrawItem does.
-    enum class Entries { Plain, OwnerDrawn };
+    /// Who draws the entries: the platform, or the parent, as COwnerDrawItem does; the third sorts them, too.
+    enum class Entries { Plain, OwnerDrawn, Sorted };
 
     BareList(Entries entries, HFONT font, const RECT& row);
     BareList(const BareList&) = delete;

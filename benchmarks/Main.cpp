@@ -21,7 +21,7 @@ constexpr const char* c_usage =
     "  Times a row's work beside the same host calls made directly and prints both.\n"
     "  --json FILE    writes the figures to FILE, too\n"
     "  --max OBJECTS  leaves out selections of more objects (100000)\n"
-    "  --only WORK    one of create, paint, lists, read, write\n";
+    "  --only WORK    one of create, palette, paint, lists, layers, read, write\n";
 
 struct Arguments {
     std::wstring json;
@@ -31,7 +31,8 @@ struct Arguments {
     [[nodiscard]] bool Wants(const wchar_t* work) const { return only.empty() || only == work; }
 };
 
-constexpr const wchar_t* c_works[] = {L"create", L"paint", L"lists", L"read", L"write"};
+constexpr const wchar_t* c_works[] = {L"create", L"palette", L"paint", L"lists",
+                                      L"layers", L"read",    L"write"};
 
 bool ParseArguments(int count, wchar_t** texts, Arguments& arguments) {
     for (int index = 1; index < count; index += 2) {
@@ -63,6 +64,12 @@ std::vector<kvbench::Figure> MeasureAll(const Arguments& arguments) {
     std::vector<kvbench::Figure> figures;
     if (arguments.Wants(L"create")) {
         kvbench::MeasureCreation(figures);
+    }
+    if (arguments.Wants(L"palette")) {
+        kvbench::MeasurePalette(figures);
+    }
+    if (arguments.Wants(L"layers")) {
+        kvbench::MeasureLayers(c_listSizes, figures);
     }
     kvbench::Drawing drawing(std::max(sizes.back(), 2));
     if (arguments.Wants(L"paint")) {

@@ -15,8 +15,9 @@ struct Figure {
     std::string workload;
     int objects = 0;  ///< 0: the workload has no objects
     double product = 0;
-    double floor = 0;
+    double floor = 0;  ///< 0: there is nothing to compare with
     double ratio = 0;
+    int hostCalls = 0;  ///< per call, where they are what is measured
 };
 
 namespace detail {
@@ -75,8 +76,8 @@ Figure Measure(std::string workload, int objects, Product product, Floor floor, 
         }
         ratios.push_back(products.back() / floors.back());
     }
-    return {std::move(workload), objects, detail::MedianOf(products), detail::MedianOf(floors),
-            detail::MedianOf(ratios)};
+    return {std::move(workload),      objects, detail::MedianOf(products), detail::MedianOf(floors),
+            detail::MedianOf(ratios), 0};
 }
 
 /// For calls that `between` must take back before the next.

@@ -20,6 +20,12 @@ const Figure* Find(const std::vector<Figure>& figures, const std::string& worklo
     return nullptr;
 }
 
+std::string NumberOrDash(double number) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.3f", number);
+    return number == 0 ? "-" : text;
+}
+
 }  // namespace
 
 std::vector<Growth> GrowthOf(const std::vector<Figure>& figures) {
@@ -39,11 +45,13 @@ std::vector<Growth> GrowthOf(const std::vector<Figure>& figures) {
 }
 
 void PrintTable(const std::vector<Figure>& figures) {
-    std::printf("%-28s %8s %14s %14s %7s\n", "workload", "objects", "row (us)", "floor (us)", "ratio");
+    std::printf("%-28s %8s %14s %14s %7s %10s\n", "workload", "objects", "row (us)", "floor (us)", "ratio",
+                "host calls");
     for (const Figure& figure : figures) {
         const std::string objects = figure.objects == 0 ? "-" : std::to_string(figure.objects);
-        std::printf("%-28s %8s %14.3f %14.3f %7.3f\n", figure.workload.c_str(), objects.c_str(),
-                    figure.product, figure.floor, figure.ratio);
+        std::printf("%-28s %8s %14.3f %14s %7s %10s\n", figure.workload.c_str(), objects.c_str(),
+                    figure.product, NumberOrDash(figure.floor).c_str(), NumberOrDash(figure.ratio).c_str(),
+                    figure.hostCalls == 0 ? "" : std::to_string(figure.hostCalls).c_str());
     }
     const std::vector<Growth> growths = GrowthOf(figures);
     if (growths.empty()) {
@@ -64,7 +72,8 @@ bool WriteJson(const std::wstring& path, const std::vector<Figure>& figures) {
                               {"objects", figure.objects},
                               {"microseconds", figure.product},
                               {"floorMicroseconds", figure.floor},
-                              {"ratio", figure.ratio}});
+                              {"ratio", figure.ratio},
+                              {"hostCalls", figure.hostCalls}});
     }
     nlohmann::ordered_json growthList = nlohmann::ordered_json::array();
     for (const Growth& growth : GrowthOf(figures)) {

@@ -14,6 +14,10 @@ void MeasureReads(Drawing& drawing, std::span<const int> sizes, std::vector<Figu
 void MeasureWrites(Drawing& drawing, std::span<const int> sizes, std::vector<Figure>& figures);
 void MeasureCreation(std::vector<Figure>& figures);
 void MeasureLists(std::span<const int> sizes, std::vector<Figure>& figures);
+/// Opens the list of layers of drawings with that many, and moves over its entries.
+void MeasureLayers(std::span<const int> sizes, std::vector<Figure>& figures);
+/// A palette of rows of all classes, made and ended.
+void MeasurePalette(std::vector<Figure>& figures);
 void MeasurePainting(Drawing& drawing, std::vector<Figure>& figures);
 
 }  // namespace kvbench

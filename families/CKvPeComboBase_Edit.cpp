@@ -4,6 +4,7 @@
 #include "core/EditState.h"
 #include "core/HostDocument.h"
 #include "families/CKvPeComboBase.h"
+#include "framework/window/RedrawPause.h"
 
 namespace {
 
@@ -34,10 +35,9 @@ HRESULT CKvPeComboBase::BeginEdit(const RECT& bounds) {
     if (!IsInEdit()) {
         // Rows that are not seen yet need no painting, and without it a long list fills in a fraction of the
         // time.
-        m_pList->SetRedraw(FALSE);
+        const fw::RedrawPause pause(*m_pList);
         fw::Ignore(FillList());  // an empty list still opens
         RETURN_HR_IF(E_FAIL, !HasList());
-        m_pList->SetRedraw(TRUE);
     }
     OpenList(bounds);
     return S_OK;

@@ -5,6 +5,7 @@
 #include "core/ModuleTexts.h"
 #include "core/OleColors.h"
 #include "families/CKvPeComboTempl.h"
+#include "framework/window/RedrawPause.h"
 #include "host_sdk/KvDbDatabase.h"
 #include "host_sdk/KvDbHostApplicationServices.h"
 #include "host_sdk/KvDbLayerTableRecord.h"
@@ -62,10 +63,13 @@ HRESULT CPropertyEditorLayer::EnsureComboWindow() {
 HRESULT CPropertyEditorLayer::BeginEdit(const RECT& bounds) {
     constexpr HRESULT c_noTable = -1;
     RETURN_HR_IF(c_noTable, FAILED(EnsureComboWindow()));
-    m_pComboList->m_bFilled = false;
-    RETURN_HR_IF(c_noTable, FAILED(FillList()));
-    SyncStateItems();
-    m_pComboList->SetCurSel(m_nCurItem);
+    {
+        const fw::RedrawPause pause(*m_pComboList);
+        m_pComboList->m_bFilled = false;
+        RETURN_HR_IF(c_noTable, FAILED(FillList()));
+        SyncStateItems();
+        m_pComboList->SetCurSel(m_nCurItem);
+    }
     return CKvPeSymbolTableBase::BeginEdit(bounds);
 }
 
