@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "host_sdk/KvDbSymbolTableRecord.h"
+#include "host_sdk/KvString.h"
+#include "refhost/db/Layer.h"
 #include "refhost/editor/DocumentManager.h"
 #include "refhost/editor/HostSession.h"
 
@@ -64,6 +68,19 @@ TEST_F(SymbolTableRow, Rows_ComeInTheOrderOfTheHostsComparison) {
     EXPECT_EQ(row->FillList(), S_OK);
     EXPECT_EQ(row->Entries(), (Texts{L"0", L"Z", L"a10", L"a9", L"b"})) << "by code unit, capitals first";
     EXPECT_TRUE(row->m_pComboList->m_bFilled);
+}
+
+// The reference host takes no two such names into one table, so that the records come from outside.
+TEST_F(SymbolTableRow, NamesThatDifferInCase_KeepTheHostsOrderAndBothRows) {
+    std::vector<KvString> names{L"walls", L"Walls", L"WALLS"};
+    std::stable_sort(names.begin(), names.end(),
+                     [](const KvString& left, const KvString& right) { return left.compare(right) < 0; });
+    for (const KvString& name : names) {
+        kvhost::Layer layer;
+        ASSERT_EQ(layer.SetName(name.GetString()), Tolm::eOk);
+        EXPECT_EQ(row->AddRecordItem(&layer), S_OK);
+    }
+    EXPECT_EQ(row->Entries(), (Texts{L"WALLS", L"Walls", L"walls"}));
 }
 
 TEST_F(SymbolTableRow, SecondFill_KeepsTheListAlsoWhenTheTableHasChanged) {

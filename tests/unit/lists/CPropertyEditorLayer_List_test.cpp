@@ -177,6 +177,23 @@ TEST_F(LayerList, RecordOfAnotherClass_IsRefused) {
     EXPECT_EQ(Row().AddRecordItem(nullptr), E_FAIL);
 }
 
+// The reference host takes no two such names, so that one record comes from outside.
+TEST_F(LayerList, NamesThatDifferInCase_AreTwoEntriesAndTheValueFindsItsOwn) {
+    Layer capitals;
+    ASSERT_EQ(capitals.SetName(L"DOORS"), Tolm::eOk);
+    EXPECT_EQ(Row().AddRecordItem(&capitals), S_OK);
+    EXPECT_EQ(List().GetCount(), 5);
+    const fw::ComPtr<kvhost::ScriptedObject> object = kvhost::ScriptedObject::Make(L"A");
+    object->At(5).Set(L"DOORS");
+    EXPECT_EQ(SelectObjects({object.Get()}, 5), E_FAIL) << "a new list holds the drawing's layers alone";
+    EXPECT_EQ(Row().AddRecordItem(&capitals), S_OK);
+    EXPECT_EQ(Row().GetCurrentItem(), IndexOf(L"DOORS"));
+    object->At(5).Set(L"Doors");
+    EXPECT_EQ(Row().GetCurrentItem(), IndexOf(L"Doors"));
+    EXPECT_NE(IndexOf(L"DOORS"), IndexOf(L"Doors"));
+    fw::Ignore(Row().Cleanup());
+}
+
 TEST_F(LayerList, ValueThatIsNoText_OrNoLayer_IsNoEntry) {
     const fw::ComPtr<kvhost::ScriptedObject> object = kvhost::ScriptedObject::Make(L"A");
     object->At(5).Set(7L);

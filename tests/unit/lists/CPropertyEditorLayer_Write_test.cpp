@@ -161,6 +161,19 @@ TEST_F(LayerWrite, LockedObjects_AreRefusedAndTheRowShowsTheirLayer) {
     EXPECT_EQ(Drawing().Undo().OpenGroups(), 0);
 }
 
+TEST_F(LayerWrite, ExternalLayerChosen_WritesNothingAndTheShownLayerIsBack) {
+    ChangeLayer(L"Walls", [](Layer& layer) { layer.SetExternal(true); });
+    before = kvhost::QdfContent(Drawing());
+    Row().m_state = EditState_Shown;
+    Edit();
+    Choose(L"Walls");
+    EXPECT_EQ(Brackets(), CallLines());
+    EXPECT_TRUE(kvhost::Answers::TakeShown().empty()) << "nobody is told";
+    ExpectTrueDrawing();
+    EXPECT_EQ(List().GetCurSel(), IndexOf(L"Doors"));
+    EXPECT_EQ(Row().m_strText, L"Doors");
+}
+
 TEST_F(LayerWrite, DragRunning_RefusesTheChoice) {
     host->Editor().SetDragging(true);
     Clear();
