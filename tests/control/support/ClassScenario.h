@@ -53,6 +53,8 @@ struct ClassScenario {
     HRESULT buttonAnswer = E_UNEXPECTED;
     /// SetValue takes what the row can read as its value, and answers E_FAIL to all else.
     bool readsValues = false;
+    /// A value that is wider than the row is shown in a tip.
+    bool hasTip = true;
     /// Puts into the drawing what the row offers, such as its layers.
     void (*arrange)(kvhost::Database& database) = nullptr;
     /// Lets a scripted object tell the entries of the property.
