@@ -56,8 +56,11 @@ lint() {
 
 run_tests() {
     say "tests"
-    sh tools/make-prefix.sh ${2:+"$2"} "${KV_WINEPREFIX:-$PWD/build/wineprefix}" || fail "the Wine prefix could not be made"
-    ctest --test-dir "build/$1" --output-on-failure
+    for desktop in '' -2; do
+        sh tools/make-prefix.sh ${2:+"$2"} "${KV_WINEPREFIX:-$PWD/build/wineprefix}$desktop" ||
+            fail "the Wine prefix could not be made"
+    done
+    ctest --test-dir "build/$1" --output-on-failure --parallel 2
 }
 
 mkdir -p build

@@ -3,10 +3,11 @@
 # Runs one Windows program in the project's Wine prefix and passes its output and exit status on.
 # Output goes through files: background Wine processes would otherwise keep the caller's pipe open.
 #   KV_WINEPREFIX       the prefix; made when it does not exist
+#   KV_DESKTOP          a further prefix beside it, for what must not share focus and mouse with the others
 #   KV_DISPLAY          X display for a prefix made with --display; by default no display is used
 #   WINE_TEST_TIMEOUT   seconds before the program is ended (300; 0 never)
 root=$(cd "$(dirname "$0")/.." && pwd)
-export WINEPREFIX="${KV_WINEPREFIX:-$root/build/wineprefix}"
+export WINEPREFIX="${KV_WINEPREFIX:-$root/build/wineprefix}${KV_DESKTOP:+-$KV_DESKTOP}"
 export WINEDEBUG="${WINEDEBUG:--all}" LC_ALL=C.UTF-8
 unset WAYLAND_DISPLAY
 if [ -n "$KV_DISPLAY" ]; then export DISPLAY="$KV_DISPLAY"; else unset DISPLAY; fi
