@@ -10,6 +10,7 @@
 #include "host_sdk/KvEdServices.h"
 #include "palette/theme/Scale.h"
 #include "palette/window/CommandIds.h"
+#include "palette/window/CountText.h"
 #include "palette/window/IconIds.h"
 #include "palette/window/MainMenu.h"
 #include "refhost/editor/DocumentManager.h"
@@ -183,7 +184,7 @@ void MainWindow::UpdateState() {
         (m_document->Title() + (m_document->IsDirty() ? L" * - kvpalette" : L" - kvpalette")).c_str());
     const std::size_t total = m_document->GetDatabase().ModelSpaceEntities().size();
     const std::size_t selected = m_document->GetSelection().PickFirst().size();
-    m_status.SetMessage(std::to_wstring(total) + L" objects, " + std::to_wstring(selected) + L" selected");
+    m_status.SetMessage(CountText(total) + L", " + std::to_wstring(selected) + L" selected");
 }
 
 void MainWindow::Layout() {

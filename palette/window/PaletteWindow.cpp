@@ -5,6 +5,7 @@
 
 #include "framework/base/DeviceContexts.h"
 #include "palette/theme/Scale.h"
+#include "palette/window/CountText.h"
 
 namespace kvpalette {
 
@@ -22,10 +23,6 @@ bool SameText(const std::wstring& left, const std::wstring& right) {
 bool IsSameRow(const PaletteRow& left, const PaletteRow& right) {
     return left.property.name == right.property.name && left.property.category == right.property.category &&
            left.property.control == right.property.control && left.property.flags == right.property.flags;
-}
-
-std::wstring CountText(std::size_t count) {
-    return count == 1 ? L"1 object" : std::to_wstring(count) + L" objects";
 }
 
 }  // namespace
