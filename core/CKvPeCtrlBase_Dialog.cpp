@@ -54,10 +54,9 @@ bool RunDialogOfDynamicProperty(IUnknown* dynamicProperty) {
 }
 
 void ShowClassNotRegistered(CKvPeCtrlBase& control, REFCLSID classId) {
-    LPOLESTR classText = nullptr;
-    if (FAILED(::StringFromCLSID(classId, &classText))) {
-        return;
-    }
+    constexpr int idLength = 39;  // with braces and the terminating null
+    wchar_t classText[idLength]{};
+    ::StringFromGUID2(classId, classText, idLength);
     CString format;
     {
         const CTemporaryResourceOverride resources;
@@ -65,7 +64,6 @@ void ShowClassNotRegistered(CKvPeCtrlBase& control, REFCLSID classId) {
     }
     CString message;
     message.Format(format, classText);
-    ::CoTaskMemFree(classText);
     HWND frame = nullptr;
     // Outside a container the message has no owner.
     fw::Ignore(control.GetFrameHandle(frame));

@@ -148,6 +148,16 @@ TEST_F(CKvPeCtrlBase_SelectionUndo, NameCannotBeRead_LeavesThatObjectOut) {
     EXPECT_EQ(document->GetSelection().PickFirst(), (std::vector{second}));
 }
 
+TEST_F(CKvPeCtrlBase_SelectionUndo, NameIsOfNoObject_LeavesItOut) {
+    const KvDbObjectId first = MakeEntity();
+    const KvDbObjectId second = MakeEntity();
+    ChangeInGroup(first);
+    document->GetSelection().Pick({first, second});
+    kvhost::Faults::FailService(L"kvdbGetObjectId", 1);
+    EXPECT_EQ(Retain(), Tolm::eOk);
+    EXPECT_EQ(document->GetSelection().PickFirst(), (std::vector{second}));
+}
+
 TEST_F(CKvPeCtrlBase_SelectionUndo, OpenFailsForAnotherReason_KeepsTheObject) {
     const KvDbObjectId first = MakeEntity();
     ChangeInGroup(first);

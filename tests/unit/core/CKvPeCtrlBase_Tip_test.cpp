@@ -54,6 +54,20 @@ TEST_F(CKvPeCtrlBase_Tip, WidthCannotBeHad_Fails) {
     EXPECT_EQ(Move(), E_FAIL);
 }
 
+// As when the system is out of windows.
+TEST_F(CKvPeCtrlBase_Tip, WindowIsRefused_Fails) {
+    const HHOOK hook = ::SetWindowsHookExW(
+        WH_CBT,
+        [](int code, WPARAM wParam, LPARAM lParam) -> LRESULT {
+            return code == HCBT_CREATEWND ? 1 : ::CallNextHookEx(nullptr, code, wParam, lParam);
+        },
+        nullptr, ::GetCurrentThreadId());
+    EXPECT_EQ(Move(), E_FAIL);
+    ::UnhookWindowsHookEx(hook);
+    EXPECT_EQ(Move(), S_OK);
+    EXPECT_TRUE(row.m_textTip.IsShown());
+}
+
 TEST_F(CKvPeCtrlBase_Tip, ValueThatFits_ShowsNoTip) {
     row.width = 80;
     EXPECT_EQ(Move(), S_OK);

@@ -199,6 +199,19 @@ INSTANTIATE_TEST_SUITE_P(Buttons, TextTipClick,
                                            Handed{517, false}, Handed{519, false}, Handed{161, true},
                                            Handed{162, true}, Handed{164, true}, Handed{165, true}));
 
+TEST_F(TextTip, ClickWithoutOwner_HidesAndReachesNobody) {
+    tip.SetOwner(nullptr, nullptr);
+    ::ShowWindow(tip.m_hWnd, SW_SHOWNOACTIVATE);
+    kvtest::PumpWaiting();
+    journal.Clear();
+    ::SendMessageW(tip.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 4));
+    EXPECT_FALSE(::IsWindowVisible(tip.m_hWnd));
+    MSG message;
+    EXPECT_FALSE(::PeekMessageW(&message, nullptr, WM_LBUTTONDOWN, WM_LBUTTONDOWN, PM_REMOVE))
+        << "posted to the thread";
+    EXPECT_NO_CALLS(journal);
+}
+
 TEST(TextTipPlacement, FitIntoDesktop_FittingRectangle_Stays) {
     EXPECT_EQ(CPropTextTooltip::FitIntoDesktop({10, 20, 110, 40}, {0, 0, 800, 600}), CRect(10, 20, 110, 40));
 }
