@@ -105,8 +105,8 @@ void PaletteWindow::ShowCurrent() {
         const PaletteRow& row = m_pane->Rows()[m_pane->Current()];
         m_footTitle = row.property.name;
         const bool readOnly = (row.property.flags & kvhost::PropertyReadOnly) != 0;
-        m_footText =
-            row.kind == RowKind::Painted || readOnly ? L"Read-only" : L"Enter a value; Return applies it";
+        m_footText = row.kind == RowKind::Painted || readOnly ? L"Read-only"
+                                                              : L"Type or choose a value; Return applies it";
         if (row.property.flags & kvhost::PropertyUnspecified && !readOnly) {
             m_footText += L", or leave it unspecified";
         }
