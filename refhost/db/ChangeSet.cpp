@@ -20,9 +20,12 @@ void ChangeSet::NoteCreated(const Object& object) {
 }
 
 void ChangeSet::DropUnchanged() {
-    std::erase_if(m_changes, [](const Change& change) {
+    const std::size_t dropped = std::erase_if(m_changes, [](const Change& change) {
         return change.state == StateOf(*ObjectStore::ObjectOf(KvDbObjectId(change.stub)));
     });
+    if (dropped == 0) {
+        return;
+    }
     m_index.clear();
     for (std::size_t i = 0; i < m_changes.size(); ++i) {
         m_index.emplace(m_changes[i].stub, i);
