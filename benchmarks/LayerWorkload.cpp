@@ -7,7 +7,6 @@
 #include "core/ClassIds.h"
 #include "core/PrivateMessages.h"
 #include "families/CKvPeComboTempl.h"
-#include "framework/com/SafeArray.h"
 #include "host_sdk/KvEdServices.h"
 #include "lists/CPropertyEditorLayer.h"
 #include "refhost/automation/AutomationObject.h"
@@ -17,6 +16,7 @@
 #include "refhost/editor/DocumentManager.h"
 #include "refhost/editor/EditorState.h"
 #include "tests/support/RowFont.h"
+#include "tests/support/SelectionArrays.h"
 
 namespace kvbench {
 namespace {
@@ -96,17 +96,8 @@ private:
     void Select(KvDbObjectId id) {
         fw::ComPtr<IDispatch> object;
         Require(kvhost::GetAutomationObject(id, object.Put()) == S_OK, "a text has an automation object");
-        IDispatch* const selected = object.Get();
-        IUnknown* const property = nullptr;
         constexpr LONG c_layer = 102;
-        fw::Variant objects;
-        fw::Variant properties;
-        fw::Variant dispids;
-        Require(fw::MakeDispatchArray(&selected, 1, objects) == S_OK &&
-                    fw::MakeUnknownArray(&property, 1, properties) == S_OK &&
-                    fw::MakeLongArray(&c_layer, 1, dispids) == S_OK &&
-                    m_hosted->GetShell().InitEditControl(objects.Address(), properties.Address(),
-                                                         dispids.Address(), VARIANT_FALSE) == S_OK,
+        Require(kvtest::SelectionArrays({object.Get()}, c_layer).Init(m_hosted->GetShell()) == S_OK,
                 "a row takes the selection");
     }
 

@@ -3,12 +3,12 @@
 
 #include "framework/base/Handles.h"
 #include "framework/com/ComPtr.h"
-#include "framework/com/SafeArray.h"
 #include "refhost/editor/HostSession.h"
 #include "refhost/rx/Modules.h"
 #include "refhost/testing/ScriptedObject.h"
 #include "tests/control/clients/ClientTest.h"
 #include "tests/support/MessagePump.h"
+#include "tests/support/SelectionArrays.h"
 #include "tests/support/WarmUp.h"
 
 namespace {
@@ -72,18 +72,7 @@ protected:
         const kvtest::ClassScenario& scenario = *GetParam().scenario;
         m_object = kvhost::ScriptedObject::Make(L"A");
         scenario.Give(*m_object, c_property, scenario.before);
-        IDispatch* const selection[] = {m_object.Get()};
-        IUnknown* const none[] = {nullptr};
-        const LONG ids[] = {c_property};
-        fw::Variant objects;
-        fw::Variant dynamicProperties;
-        fw::Variant dispids;
-        ASSERT_EQ(fw::MakeDispatchArray(selection, 1, objects), S_OK);
-        ASSERT_EQ(fw::MakeUnknownArray(none, 1, dynamicProperties), S_OK);
-        ASSERT_EQ(fw::MakeLongArray(ids, 1, dispids), S_OK);
-        ASSERT_EQ(m_control->InitEditControl(objects.Address(), dynamicProperties.Address(),
-                                             dispids.Address(), VARIANT_FALSE),
-                  S_OK);
+        ASSERT_EQ(kvtest::SelectionArrays().Add(m_object.Get()).Init(*m_control.Get()), S_OK);
     }
 
     HRESULT DoVerb(LONG verb) {

@@ -5,9 +5,9 @@
 
 #include <gtest/gtest.h>
 
-#include "framework/com/SafeArray.h"
 #include "refhost/editor/HostSession.h"
 #include "refhost/testing/ScriptedObject.h"
+#include "tests/support/SelectionArrays.h"
 
 namespace {
 
@@ -36,20 +36,9 @@ TEST(DerivedEditor, OverrideInAnotherModule_IsCalledByTheRead) {
     const auto second = kvhost::ScriptedObject::Make(L"B");
     first->At(5).Set(1.0);
     second->At(5).Set(1.05);
-    IDispatch* const selection[] = {first.Get(), second.Get()};
-    IUnknown* const none[] = {nullptr, nullptr};
-    const LONG ids[] = {5, 5};
-    fw::Variant objects;
-    fw::Variant dynamicProperties;
-    fw::Variant dispids;
-    ASSERT_EQ(fw::MakeDispatchArray(selection, 2, objects), S_OK);
-    ASSERT_EQ(fw::MakeUnknownArray(none, 2, dynamicProperties), S_OK);
-    ASSERT_EQ(fw::MakeLongArray(ids, 2, dispids), S_OK);
-
     TolerantEditor editor;
-    ASSERT_EQ(
-        editor.Handle_InitEditControl(objects.Address(), dynamicProperties.Address(), dispids.Address(), 0),
-        S_OK);
+    const kvtest::SelectionArrays arrays({first.Get(), second.Get()});
+    ASSERT_EQ(arrays.Init<CKvPeCtrlBase>(editor), S_OK);
     fw::Variant value;
     ValueType type = ValueType_Varies;
     EXPECT_EQ(editor.GetPropertyValue(value.Put(), type), S_OK);

@@ -265,16 +265,11 @@ protected:
         Activate();
     }
     void Hand(const std::vector<IDispatch*>& selection) {
-        const auto count = static_cast<ULONG>(selection.size());
-        const std::vector<IUnknown*> dynamicProperties(selection.size(), property->Identity());
-        const std::vector<LONG> dispids(selection.size(), c_dynamic);
-        fw::Variant arrays[3];
-        ASSERT_EQ(fw::MakeDispatchArray(selection.data(), count, arrays[0]), S_OK);
-        ASSERT_EQ(fw::MakeUnknownArray(dynamicProperties.data(), count, arrays[1]), S_OK);
-        ASSERT_EQ(fw::MakeLongArray(dispids.data(), count, arrays[2]), S_OK);
-        ASSERT_EQ(control->InitEditControl(arrays[0].Address(), arrays[1].Address(), arrays[2].Address(),
-                                           VARIANT_FALSE),
-                  S_OK);
+        kvtest::SelectionArrays arrays;
+        for (IDispatch* const object : selection) {
+            arrays.AddDynamic(object, property.Get());
+        }
+        ASSERT_EQ(arrays.Init(*control.Get()), S_OK);
     }
     ~LinkEllipses() override { Discard(); }
 

@@ -203,30 +203,21 @@ protected:
         return control && FillRow();
     }
     bool FillRow() {
-        kvhost::PropertyRowEntry entries[c_objects];
-        IDispatch* drawn[c_objects];
-        IUnknown* dynamicProperties[c_objects];
-        LONG dispids[c_objects];
+        kvtest::SelectionArrays arrays;
         for (std::size_t index = 0; index < c_objects; ++index) {
-            if (!FindEntry(index, entries[index])) {
+            kvhost::PropertyRowEntry entry;
+            if (!FindEntry(index, entry)) {
                 isToldOfFailure = true;
                 return false;
             }
-            drawn[index] = entries[index].object.Get();
-            dynamicProperties[index] = entries[index].dynamicProperty.Get();
-            dispids[index] = entries[index].dispid;
+            arrays.Add(entry.object.Get(), entry.dispid, entry.dynamicProperty.Get());
         }
-        fw::Variant arrays[3];
-        EXPECT_EQ(fw::MakeDispatchArray(drawn, c_objects, arrays[0]), S_OK);
-        EXPECT_EQ(fw::MakeUnknownArray(dynamicProperties, c_objects, arrays[1]), S_OK);
-        EXPECT_EQ(fw::MakeLongArray(dispids, c_objects, arrays[2]), S_OK);
         if (scenario.readsInWindow && FAILED(DoVerb(OLEIVERB_INPLACEACTIVATE))) {
             isToldOfFailure = true;
             return false;
         }
         // The palette keeps a row whose read failed, and reads it again later.
-        isToldOfFailure |= FAILED(control->InitEditControl(arrays[0].Address(), arrays[1].Address(),
-                                                           arrays[2].Address(), VARIANT_FALSE));
+        isToldOfFailure |= FAILED(arrays.Init(*control.Get()));
         return true;
     }
     bool FindEntry(std::size_t index, kvhost::PropertyRowEntry& entry) const {

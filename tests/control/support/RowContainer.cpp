@@ -66,17 +66,7 @@ void RowContainer::CreateTextRow(const std::vector<const wchar_t*>& texts, bool 
 }
 
 HRESULT RowContainer::InitEdit(const std::vector<IDispatch*>& selection, bool readOnly) {
-    const std::vector<IUnknown*> dynamicProperties(selection.size());
-    const std::vector<LONG> dispids(selection.size(), dispid);
-    const auto count = static_cast<ULONG>(selection.size());
-    fw::Variant objectArray;
-    fw::Variant dynamicArray;
-    fw::Variant dispidArray;
-    EXPECT_EQ(fw::MakeDispatchArray(selection.data(), count, objectArray), S_OK);
-    EXPECT_EQ(fw::MakeUnknownArray(dynamicProperties.data(), count, dynamicArray), S_OK);
-    EXPECT_EQ(fw::MakeLongArray(dispids.data(), count, dispidArray), S_OK);
-    return control->InitEditControl(objectArray.Address(), dynamicArray.Address(), dispidArray.Address(),
-                                    readOnly ? VARIANT_TRUE : VARIANT_FALSE);
+    return SelectionArrays(selection, dispid).Init(*control.Get(), readOnly ? VARIANT_TRUE : VARIANT_FALSE);
 }
 
 HRESULT RowContainer::DoVerb(LONG verb) {

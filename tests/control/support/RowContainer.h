@@ -17,6 +17,7 @@
 #include "tests/support/FakeSite.h"
 #include "tests/support/MessagePump.h"
 #include "tests/support/RecordingSink.h"
+#include "tests/support/SelectionArrays.h"
 
 namespace kvtest {
 
@@ -25,7 +26,7 @@ namespace kvtest {
 class RowContainer : public ::testing::Test {
 protected:
     static constexpr RECT c_place = {10, 10, 130, 30};
-    static constexpr DISPID c_property = 5;
+    static constexpr DISPID c_property = kvtest::c_property;
 
     RowContainer();
     ~RowContainer() override;

@@ -24,24 +24,6 @@ int NoteMessageBox(HWND owner, const wchar_t* text, const wchar_t* caption, UINT
     return IDOK;
 }
 
-template <class Element>
-fw::Variant MakeArray(VARTYPE type, const std::vector<Element>& elements, LONG lowerBound) {
-    SAFEARRAYBOUND bound{static_cast<ULONG>(elements.size()), lowerBound};
-    SAFEARRAY* const array = ::SafeArrayCreate(type, 1, &bound);
-    LONG index = lowerBound;
-    for (const Element& element : elements) {
-        void* source = nullptr;
-        if constexpr (std::is_integral_v<Element>) {
-            source = const_cast<Element*>(&element);
-        } else {
-            source = element.Get();
-        }
-        EXPECT_EQ(::SafeArrayPutElement(array, &index, source), S_OK);
-        ++index;
-    }
-    return fw::Variant::FromArray(type, array);
-}
-
 }  // namespace
 
 long FakeIdentifier::s_liveCount = 0;
@@ -74,40 +56,6 @@ STDMETHODIMP FakeIdentifier::PutCurrentValue(VARIANT value) {
 STDMETHODIMP FakeIdentifier::PutCurrentValueText(BSTR text) {
     Note(L"PutCurrentValueText", std::wstring(text, ::SysStringLen(text)));
     return result;
-}
-
-SelectionArrays& SelectionArrays::Add(IDispatch* object, long dispid) {
-    m_objects.emplace_back(object);
-    m_dynamicProperties.emplace_back();
-    m_dispids.push_back(dispid);
-    return *this;
-}
-
-SelectionArrays& SelectionArrays::AddDynamic(IDispatch* object, kvhost::ScriptedDynamicProperty* property) {
-    m_objects.emplace_back(object);
-    m_dynamicProperties.emplace_back(property != nullptr ? property->Identity() : nullptr);
-    m_dispids.push_back(DISPID_DYNAMIC);
-    return *this;
-}
-
-HRESULT SelectionArrays::Init(CKvPeCtrlBase& control, VARIANT_BOOL readOnly) const {
-    fw::Variant objects = Objects();
-    fw::Variant dynamicProperties = DynamicProperties();
-    fw::Variant dispids = Dispids();
-    return control.Handle_InitEditControl(objects.Address(), dynamicProperties.Address(), dispids.Address(),
-                                          readOnly);
-}
-
-fw::Variant SelectionArrays::Objects(LONG lowerBound) const {
-    return MakeArray(VT_DISPATCH, m_objects, lowerBound);
-}
-
-fw::Variant SelectionArrays::DynamicProperties(LONG lowerBound) const {
-    return MakeArray(VT_UNKNOWN, m_dynamicProperties, lowerBound);
-}
-
-fw::Variant SelectionArrays::Dispids(LONG lowerBound) const {
-    return MakeArray(VT_I4, m_dispids, lowerBound);
 }
 
 MessageBoxWatch::MessageBoxWatch() : m_former(fw::SetMessageBoxHook(&NoteMessageBox)) {

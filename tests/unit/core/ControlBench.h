@@ -20,11 +20,9 @@
 #include "refhost/testing/ScriptedObject.h"
 #include "tests/support/ExpectCalls.h"
 #include "tests/support/JournalNote.h"
+#include "tests/support/SelectionArrays.h"
 
 namespace kvtest {
-
-/// The property that the tests read and write.
-inline constexpr DISPID c_property = 5;
 
 /// A shell without a component: events are noted as "OnBeginPropertyUpdate" and may act.
 class BenchShell final : public CIPropEditUIEvents, public CKvPeBasePrivate {
@@ -135,23 +133,6 @@ private:
     FakeIdentifier() { ++s_liveCount; }
     ~FakeIdentifier() { --s_liveCount; }
     ULONG m_references = 0;
-};
-
-/// The three parallel arrays that a palette hands over.
-class SelectionArrays {
-public:
-    SelectionArrays& Add(IDispatch* object, long dispid = c_property);
-    SelectionArrays& AddDynamic(IDispatch* object, kvhost::ScriptedDynamicProperty* property);
-    [[nodiscard]] HRESULT Init(CKvPeCtrlBase& control, VARIANT_BOOL readOnly = VARIANT_FALSE) const;
-
-    [[nodiscard]] fw::Variant Objects(LONG lowerBound = 0) const;
-    [[nodiscard]] fw::Variant DynamicProperties(LONG lowerBound = 0) const;
-    [[nodiscard]] fw::Variant Dispids(LONG lowerBound = 0) const;
-
-private:
-    std::vector<fw::ComPtr<IDispatch>> m_objects;
-    std::vector<fw::ComPtr<IUnknown>> m_dynamicProperties;
-    std::vector<long> m_dispids;
 };
 
 /// Shows no message box: notes it as "MessageBox owner text flags".

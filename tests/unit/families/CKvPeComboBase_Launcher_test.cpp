@@ -1,9 +1,9 @@
 #include "core/DispatchIds.h"
-#include "framework/com/SafeArray.h"
 #include "refhost/testing/Faults.h"
 #include "refhost/testing/ScriptedDynamicProperty.h"
 #include "refhost/testing/ScriptedObject.h"
 #include "tests/support/LeakCheck.h"
+#include "tests/support/SelectionArrays.h"
 #include "tests/unit/families/ListBench.h"
 #include "tests/unit/families/TestPicture.h"
 
@@ -25,18 +25,9 @@ protected:
 
     // Selects one object, with a dynamic property when there is one.
     void Select(ScriptedObject* selected, ScriptedDynamicProperty* property = nullptr) {
-        IDispatch* const dispatch = selected;
-        IUnknown* const unknown = property ? property->Identity() : nullptr;
-        const LONG dispid = property ? DISPID_DYNAMIC : 5;
-        fw::Variant objects;
-        fw::Variant properties;
-        fw::Variant dispids;
-        EXPECT_EQ(fw::MakeDispatchArray(&dispatch, 1, objects), S_OK);
-        EXPECT_EQ(fw::MakeUnknownArray(&unknown, 1, properties), S_OK);
-        EXPECT_EQ(fw::MakeLongArray(&dispid, 1, dispids), S_OK);
-        EXPECT_EQ(
-            shell->InitEditControl(objects.Address(), properties.Address(), dispids.Address(), VARIANT_FALSE),
-            S_OK);
+        const auto arrays = property ? kvtest::SelectionArrays().AddDynamic(selected, property)
+                                     : kvtest::SelectionArrays().Add(selected);
+        EXPECT_EQ(arrays.Init(*shell), S_OK);
         Clear();
     }
 

@@ -1,7 +1,7 @@
 #include "core/ModuleTexts.h"
 #include "families/CPropertyEditorText.h"
-#include "framework/com/SafeArray.h"
 #include "refhost/testing/ScriptedObject.h"
+#include "tests/support/SelectionArrays.h"
 #include "tests/unit/families/RowBench.h"
 
 namespace {
@@ -9,19 +9,13 @@ namespace {
 class EditRowRead : public kvtest::RowBench<CPropertyEditorText> {
 protected:
     HRESULT Init(bool readOnly = false) {
-        IDispatch* const objects[] = {object.Get()};
-        IUnknown* const dynamicProperties[] = {nullptr};
-        const LONG dispids[] = {5};
-        fw::Variant objectArray;
-        fw::Variant dynamicArray;
-        fw::Variant dispidArray;
-        EXPECT_EQ(fw::MakeDispatchArray(objects, 1, objectArray), S_OK);
-        EXPECT_EQ(fw::MakeUnknownArray(dynamicProperties, 1, dynamicArray), S_OK);
-        EXPECT_EQ(fw::MakeLongArray(dispids, 1, dispidArray), S_OK);
         // A control that gets a second selection keeps the first: that is the core's contract.
         EXPECT_EQ(row->Cleanup(), S_OK);
-        return row->Handle_InitEditControl(objectArray.Address(), dynamicArray.Address(),
-                                           dispidArray.Address(), readOnly ? VARIANT_TRUE : VARIANT_FALSE);
+        return Select(readOnly);
+    }
+    HRESULT Select(bool readOnly = false) {
+        const kvtest::SelectionArrays arrays({object.Get()});
+        return arrays.Init<CKvPeCtrlBase>(*row, readOnly ? VARIANT_TRUE : VARIANT_FALSE);
     }
 
     fw::ComPtr<kvhost::ScriptedObject> object = kvhost::ScriptedObject::Make(L"A");
@@ -69,18 +63,7 @@ TEST_F(EditRowRead, Init_BoxExists_SpecificAndVariesReachIt) {
     const HWND box = Edit().m_hWnd;
     row->script.value = fw::Variant::FromString(L"beta");
     // The box stays through Init: only the selection is exchanged.
-    IDispatch* const objects[] = {object.Get()};
-    IUnknown* const dynamicProperties[] = {nullptr};
-    const LONG dispids[] = {5};
-    fw::Variant objectArray;
-    fw::Variant dynamicArray;
-    fw::Variant dispidArray;
-    ASSERT_EQ(fw::MakeDispatchArray(objects, 1, objectArray), S_OK);
-    ASSERT_EQ(fw::MakeUnknownArray(dynamicProperties, 1, dynamicArray), S_OK);
-    ASSERT_EQ(fw::MakeLongArray(dispids, 1, dispidArray), S_OK);
-    ASSERT_EQ(row->Handle_InitEditControl(objectArray.Address(), dynamicArray.Address(),
-                                          dispidArray.Address(), VARIANT_FALSE),
-              S_OK);
+    ASSERT_EQ(Select(), S_OK);
     EXPECT_EQ(Edit().m_hWnd, box);
     EXPECT_EQ(Edit().GetWindowText(), L"beta");
 }
@@ -88,20 +71,9 @@ TEST_F(EditRowRead, Init_BoxExists_SpecificAndVariesReachIt) {
 TEST_F(EditRowRead, Init_BoxExists_UnspecifiedLeavesItsText) {
     row->script.type = ValueType_Unspecified;
     row->m_unspecifiedText = L"none given";
-    IDispatch* const objects[] = {object.Get()};
-    IUnknown* const dynamicProperties[] = {nullptr};
-    const LONG dispids[] = {5};
-    fw::Variant objectArray;
-    fw::Variant dynamicArray;
-    fw::Variant dispidArray;
-    ASSERT_EQ(fw::MakeDispatchArray(objects, 1, objectArray), S_OK);
-    ASSERT_EQ(fw::MakeUnknownArray(dynamicProperties, 1, dynamicArray), S_OK);
-    ASSERT_EQ(fw::MakeLongArray(dispids, 1, dispidArray), S_OK);
     ASSERT_EQ(row->BeginEdit(c_clientRect), S_OK);
     Type(L"typed");
-    ASSERT_EQ(row->Handle_InitEditControl(objectArray.Address(), dynamicArray.Address(),
-                                          dispidArray.Address(), VARIANT_FALSE),
-              S_OK);
+    ASSERT_EQ(Select(), S_OK);
     EXPECT_EQ(Edit().GetWindowText(), L"typed");
 }
 

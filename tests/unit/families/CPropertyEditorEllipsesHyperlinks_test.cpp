@@ -1,9 +1,9 @@
 #include "families/CPropertyEditorEllipsesHyperlinks.h"
 
 #include "framework/com/Bstr.h"
-#include "framework/com/SafeArray.h"
 #include "host_sdk/IKvHyperlinkHost.h"
 #include "refhost/testing/ScriptedObject.h"
+#include "tests/support/SelectionArrays.h"
 #include "tests/unit/families/RowBench.h"
 
 namespace {
@@ -83,18 +83,8 @@ protected:
         EXPECT_EQ(row->ComparePropertyValue(&left, &right, result), S_OK);
         return result;
     }
-    // Hands one object over, in the three arrays of a palette.
     void Init(kvhost::ScriptedObject& object) {
-        fw::Variant arrays[3];
-        IDispatch* const bare = &object;
-        IUnknown* const none = nullptr;
-        const LONG dispid = 5;
-        ASSERT_EQ(fw::MakeDispatchArray(&bare, 1, arrays[0]), S_OK);
-        ASSERT_EQ(fw::MakeUnknownArray(&none, 1, arrays[1]), S_OK);
-        ASSERT_EQ(fw::MakeLongArray(&dispid, 1, arrays[2]), S_OK);
-        ASSERT_EQ(
-            row->Handle_InitEditControl(arrays[0].Address(), arrays[1].Address(), arrays[2].Address(), 0),
-            S_OK);
+        ASSERT_EQ(kvtest::SelectionArrays().Add(&object).Init<CKvPeCtrlBase>(*row), S_OK);
     }
 };
 

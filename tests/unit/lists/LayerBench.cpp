@@ -1,7 +1,6 @@
 #include "tests/unit/lists/LayerBench.h"
 
 #include "core/Satellite.h"
-#include "framework/com/SafeArray.h"
 #include "host_sdk/KvEdServices.h"
 #include "refhost/automation/LiveObject.h"
 #include "refhost/automation/PropertyRows.h"
@@ -9,6 +8,7 @@
 #include "tests/support/LeakCheck.h"
 #include "tests/support/RowFont.h"
 #include "tests/support/RowWarmUp.h"
+#include "tests/support/SelectionArrays.h"
 #include "tests/support/WarmUp.h"
 
 namespace kvtest {
@@ -99,18 +99,8 @@ HRESULT LayerBench::Select(const std::vector<KvDbObjectId>& entities) {
 }
 
 HRESULT LayerBench::SelectObjects(const std::vector<IDispatch*>& selection, DISPID property) {
-    const std::vector<IUnknown*> properties(selection.size());
-    const std::vector<LONG> dispids(selection.size(), property);
-    const auto count = static_cast<ULONG>(selection.size());
-    fw::Variant objects;
-    fw::Variant dynamicProperties;
-    fw::Variant ids;
-    EXPECT_EQ(fw::MakeDispatchArray(selection.data(), count, objects), S_OK);
-    EXPECT_EQ(fw::MakeUnknownArray(properties.data(), count, dynamicProperties), S_OK);
-    EXPECT_EQ(fw::MakeLongArray(dispids.data(), count, ids), S_OK);
     fw::Ignore(Row().Cleanup());  // a second selection releases no former one
-    const HRESULT result =
-        shell->InitEditControl(objects.Address(), dynamicProperties.Address(), ids.Address(), VARIANT_FALSE);
+    const HRESULT result = SelectionArrays(selection, property).Init(*shell);
     Clear();
     return result;
 }

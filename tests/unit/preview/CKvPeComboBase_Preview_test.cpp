@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "framework/com/SafeArray.h"
 #include "host_sdk/KvEdServices.h"
 #include "preview/CKvPeComboPreviewAction.h"
 #include "preview/KvRestorableSet.h"
@@ -9,6 +8,7 @@
 #include "refhost/editor/SystemVariables.h"
 #include "refhost/testing/Faults.h"
 #include "refhost/testing/ScriptedObject.h"
+#include "tests/support/SelectionArrays.h"
 #include "tests/unit/families/ListBench.h"
 
 // What a list row shows on the drawing while the mouse goes over its entries, and what it tells the host.
@@ -48,19 +48,8 @@ protected:
     }
 
     void SelectObjects(const std::vector<IDispatch*>& selection) {
-        const std::vector<IUnknown*> properties(selection.size());
-        const std::vector<LONG> dispids(selection.size(), 5);
-        const auto count = static_cast<ULONG>(selection.size());
-        fw::Variant objects;
-        fw::Variant dynamicProperties;
-        fw::Variant ids;
-        ASSERT_EQ(fw::MakeDispatchArray(selection.data(), count, objects), S_OK);
-        ASSERT_EQ(fw::MakeUnknownArray(properties.data(), count, dynamicProperties), S_OK);
-        ASSERT_EQ(fw::MakeLongArray(dispids.data(), count, ids), S_OK);
         fw::Ignore(Row().Cleanup());
-        ASSERT_EQ(shell->InitEditControl(objects.Address(), dynamicProperties.Address(), ids.Address(),
-                                         VARIANT_FALSE),
-                  S_OK);
+        ASSERT_EQ(kvtest::SelectionArrays(selection).Init(*shell), S_OK);
     }
 
     long Hover(int entry, WPARAM controlId = 1002) {
