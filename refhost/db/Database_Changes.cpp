@@ -231,6 +231,7 @@ void Database::NoteBeforeChange(Object& object) {
 }
 
 void Database::NoteClosedAfterChange(Object& object) {
+    m_undo->NoteAfter(object);
     m_undo->EndLooseStep();
     if (object.m_erased == object.m_erasedBefore) {
         NotifyModified(object);

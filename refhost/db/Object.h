@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <set>
@@ -112,6 +114,7 @@ protected:
     [[nodiscard]] Tolm::ErrorStatus CanChange() const;
 
 private:
+    friend class ChangeSet;
     friend class Database;
     friend class DrawingBuilder;
     friend class ObjectStore;
@@ -120,6 +123,12 @@ private:
     [[nodiscard]] Tolm::ErrorStatus Open(KvDb::OpenMode mode);
     /// A write that is none of the preview's begins with what the drawing really holds.
     void LeavePreview();
+
+    /// Where a record of changes keeps the object's state.
+    struct ChangePlace {
+        std::uint64_t record = 0;
+        std::size_t index = 0;
+    };
 
     KvDbStub* m_stub = nullptr;
     KvDbStub* m_owner = nullptr;
@@ -130,6 +139,7 @@ private:
     bool m_changed = false;
     bool m_erased = false;
     bool m_erasedBefore = false;
+    std::array<ChangePlace, 2> m_changePlaces;  // by ChangeSet::Kind
     TextPairs m_customAttributes;
     std::set<std::wstring, std::less<>> m_unspecified;
     std::map<std::wstring, std::wstring, std::less<>> m_expressions;

@@ -41,15 +41,16 @@ constexpr std::array s_makers{
 }  // namespace
 
 std::string StateOf(const Object& object) {
-    return StateOf(object, object.IsErased());
+    std::string bytes;
+    AppendState(object, object.IsErased(), bytes);
+    return bytes;
 }
 
-std::string StateOf(const Object& object, bool erased) {
-    std::string bytes(1, erased ? '\1' : '\0');
+void AppendState(const Object& object, bool erased, std::string& bytes) {
+    bytes.push_back(erased ? '\1' : '\0');
     RecordWriter writer(bytes);
     // Writers only look, though the visitor that they share with readers could change fields.
     const_cast<Object&>(object).VisitAllFields(writer);
-    return bytes;
 }
 
 bool IsErasedState(std::string_view state) {

@@ -10,8 +10,8 @@ namespace kvhost {
 
 /// The whole state of an object as bytes: equal bytes mean equal states.
 [[nodiscard]] std::string StateOf(const Object& object);
-/// The state with another mark of erasure.
-[[nodiscard]] std::string StateOf(const Object& object, bool erased);
+/// Appends the state with a mark of erasure that need not be the object's own.
+void AppendState(const Object& object, bool erased, std::string& bytes);
 /// Whether a state that StateOf gave says that the object is erased.
 [[nodiscard]] bool IsErasedState(std::string_view state);
 /// The fields part of a state.

@@ -10,7 +10,7 @@ void PreviewRecord::TakeBack() {
     if (m_recording || m_changes.IsEmpty()) {
         return;
     }
-    ChangeSet changes = std::exchange(m_changes, {});
+    ChangeSet changes = std::exchange(m_changes, ChangeSet(ChangeSet::Kind::Preview));
     SwapNotice notice;
     notice.Add(changes);
     changes.Swap();

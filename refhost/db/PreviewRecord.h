@@ -21,7 +21,7 @@ public:
 private:
     friend class UndoController;
 
-    ChangeSet m_changes;
+    ChangeSet m_changes{ChangeSet::Kind::Preview};
     bool m_recording = false;
 };
 

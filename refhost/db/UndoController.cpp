@@ -62,12 +62,16 @@ Tolm::ErrorStatus UndoController::EndGroup() {
     return Tolm::eOk;
 }
 
-void UndoController::NoteBefore(const Object& object) {
+void UndoController::NoteBefore(Object& object) {
     Recorder().NoteBefore(object);
 }
 
-void UndoController::NoteCreated(const Object& object) {
+void UndoController::NoteCreated(Object& object) {
     Recorder().NoteCreated(object);
+}
+
+void UndoController::NoteAfter(const Object& object) {
+    Recorder().NoteAfter(object);
 }
 
 ChangeSet& UndoController::Recorder() {

@@ -61,8 +61,9 @@ private:
         std::uint64_t stamp = 0;
     };
 
-    void NoteBefore(const Object& object);
-    void NoteCreated(const Object& object);
+    void NoteBefore(Object& object);
+    void NoteCreated(Object& object);
+    void NoteAfter(const Object& object);
     /// Where changes are noted now.
     [[nodiscard]] ChangeSet& Recorder();
     /// Ends the step of a single open; nothing within a group.

@@ -128,6 +128,22 @@ TEST_F(PreviewRecord, GroupAndUndo_EndWhatIsShown) {
     EXPECT_EQ(kvhost::QdfContent(m_database), m_before);
 }
 
+TEST_F(PreviewRecord, ObjectOfAnOpenStep_IsShownAndGoesOnInItsStep) {
+    m_undo.Clear();
+    m_undo.BeginGroup(L"group");
+    Describe(m_line, L"first");
+    Show(L"shown");
+    m_preview.TakeBack();
+    EXPECT_EQ(DescriptionOf(m_line), L"first");
+    Describe(m_line, L"second");
+    m_undo.EndGroup();
+    EXPECT_EQ(DescriptionOf(m_line), L"second");
+    EXPECT_EQ(m_undo.Undo(1), Tolm::eOk);
+    EXPECT_EQ(kvhost::QdfContent(m_database), m_before);
+    EXPECT_EQ(m_undo.Redo(1), Tolm::eOk);
+    EXPECT_EQ(DescriptionOf(m_line), L"second");
+}
+
 TEST_F(PreviewRecord, WhileRecording_GroupsHaveNoEffectAndUndoIsRefused) {
     const int steps = m_undo.UndoCount();
     m_preview.BeginRecording();

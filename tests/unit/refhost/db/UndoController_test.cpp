@@ -117,6 +117,59 @@ TEST_F(UndoController, GroupThatEndsWhereItBegan_CountsAsEmpty) {
     EXPECT_EQ(m_undo.UndoCount(), 0);
 }
 
+TEST_F(UndoController, ObjectThatLeavesItsOldStateAgain_IsKept) {
+    m_undo.Clear();
+    m_undo.BeginGroup(L"there, back and away");
+    SetDescription(m_line, L"a");
+    SetDescription(m_line, L"");
+    SetDescription(m_line, L"b");
+    m_undo.EndGroup();
+    EXPECT_EQ(m_undo.UndoCount(), 1);
+    m_undo.Undo(1);
+    EXPECT_EQ(DescriptionOf(m_line), L"");
+}
+
+TEST_F(UndoController, GroupThatEndsWhileAnObjectIsOpen_KnowsWhetherItDiffers) {
+    m_undo.Clear();
+    const ScopedOpen<kvhost::Line> line(m_line, KvDb::kForWrite);
+    m_undo.BeginGroup(L"there and back");
+    line->SetDescription(L"a");
+    line->SetDescription(L"");
+    m_undo.EndGroup();
+    EXPECT_EQ(m_undo.UndoCount(), 0);
+    m_undo.BeginGroup(L"away");
+    line->SetDescription(L"a");
+    m_undo.EndGroup();
+    EXPECT_EQ(m_undo.UndoCount(), 1);
+}
+
+TEST_F(UndoController, StatesOfAnySize_ComeBack) {
+    m_undo.Clear();
+    const std::wstring large(300000, L'x');
+    m_undo.BeginGroup(L"large");
+    SetDescription(m_line, large.c_str());
+    SetDescription(m_text, L"a");
+    m_undo.EndGroup();
+    std::vector<KvDbObjectId> lines;
+    m_undo.BeginGroup(L"many");
+    SetDescription(m_line, L"small");
+    for (int count = 0; count < 3000; ++count) {
+        lines.push_back(AppendNew<kvhost::Line>(m_database));
+        SetDescription(lines.back(), std::to_wstring(count).c_str());
+    }
+    m_undo.EndGroup();
+    m_undo.Undo(1);
+    EXPECT_EQ(DescriptionOf(m_line), large);
+    EXPECT_TRUE(Database::Peek(lines[2999])->IsErased());
+    m_undo.Undo(1);
+    EXPECT_EQ(DescriptionOf(m_line), L"");
+    m_undo.Redo(2);
+    EXPECT_EQ(DescriptionOf(m_line), L"small");
+    for (std::size_t index = 0; index < lines.size(); ++index) {
+        ASSERT_EQ(DescriptionOf(lines[index]), std::to_wstring(index));
+    }
+}
+
 TEST_F(UndoController, Undo_RefusesWhatItCantDoAndChangesNothing) {
     m_undo.Clear();
     SetDescription(m_line, L"a");
