@@ -46,6 +46,18 @@ protected:
                       "isLocked", "kvedIs", "OnKeyDown", "IsUnspecified", "IsExpression", "Editable",
                       "RequestUIActivate"});
     }
+    // Presses the button of a row over "before" and confirms another text: the dialog alone writes it.
+    void ExpectDialogWrites() {
+        kvhost::Answers::QueueText(L"after");
+        Press();
+        EXPECT_CALLS(Calls(), "OnBeginPropertyUpdate", "MapPropertyToPage A 5",
+                     "IPropertyDialogByObjects.ShowDialog before 1", "Invoke A put 5 \"after\"",
+                     "OnEndPropertyUpdate");
+        EXPECT_EQ(BoxText(), L"after");
+        Clear();
+        EXPECT_EQ(As<IOleInPlaceObject>()->UIDeactivate(), S_OK);
+        EXPECT_TRUE(kvtest::CallsOnly(journal, {"Invoke A put"}).empty());
+    }
 };
 
 TEST_F(ButtonRows, EditButton_MayBeTypedIntoAndHasAnEllipsisButton) {
@@ -71,15 +83,7 @@ TEST_F(ButtonRows, EditButton_DialogConfirmed_CallsAndEventsInOrder) {
     kvhost::ScriptedObject& object = MakeObjectWithDialog(L"A", L"before");
     CreateRow(CLSID_KvPePropertyEditorEditButton, {&object});
     Activate();
-    kvhost::Answers::QueueText(L"after");
-    Press();
-    EXPECT_CALLS(Calls(), "OnBeginPropertyUpdate", "MapPropertyToPage A 5",
-                 "IPropertyDialogByObjects.ShowDialog before 1", "Invoke A put 5 \"after\"",
-                 "OnEndPropertyUpdate");
-    EXPECT_EQ(BoxText(), L"after");
-    Clear();
-    EXPECT_EQ(As<IOleInPlaceObject>()->UIDeactivate(), S_OK);
-    EXPECT_TRUE(kvtest::CallsOnly(journal, {"Invoke"}).empty()) << "the dialog has written";
+    ExpectDialogWrites();
 }
 
 TEST_F(ButtonRows, EditButton_DialogCancelled_CallsAndEventsInOrder) {
@@ -319,15 +323,7 @@ TEST_F(ButtonRows, Hyperlinks_DialogConfirmed_CallsAndEventsInOrder) {
     CreateRow(CLSID_KvPePropertyEditorEllipsesHyperlinks, {&object});
     Activate();
     EXPECT_EQ(::GetFocus(), Button());
-    kvhost::Answers::QueueText(L"after");
-    Press();
-    EXPECT_CALLS(Calls(), "OnBeginPropertyUpdate", "MapPropertyToPage A 5",
-                 "IPropertyDialogByObjects.ShowDialog before 1", "Invoke A put 5 \"after\"",
-                 "OnEndPropertyUpdate");
-    EXPECT_EQ(BoxText(), L"after");
-    Clear();
-    EXPECT_EQ(As<IOleInPlaceObject>()->UIDeactivate(), S_OK);
-    EXPECT_TRUE(kvtest::CallsOnly(journal, {"Invoke A put"}).empty()) << "the dialog has written";
+    ExpectDialogWrites();
 }
 
 TEST_F(ButtonRows, Hyperlinks_DialogCancelled_WritesNothing) {

@@ -19,48 +19,75 @@ void AddLayers(kvhost::Database& database);
 // Gives the property of a scripted object a dialog.
 void PrepareDialog(kvhost::ScriptedObject& object, DISPID property);
 
+// What rows of a kind have in common.
+
+/// A text of a drawn text object, typed into a box.
+constexpr ClassScenario TextRow(std::string_view coclass, DISPID property) {
+    return {.coclass = coclass,
+            .before = {VT_BSTR, L"before"},
+            .alike = {VT_BSTR, L"BEFORE"},
+            .after = {VT_BSTR, L"after"},
+            .edit = Types(L"after"),
+            .objectClass = L"Text",
+            .objectProperty = property,
+            .append = &AppendText};
+}
+
+/// As TextRow, with a button that opens the property's dialog.
+constexpr ClassScenario DialogRow(std::string_view coclass, DISPID property, UserEdit edit) {
+    ClassScenario row = TextRow(coclass, property);
+    row.edit = edit;
+    row.buttonAnswer = S_OK;
+    row.prepareObject = &PrepareDialog;
+    return row;
+}
+
+/// The height of a drawn text object, typed into a box.
+constexpr ClassScenario NumberRow(std::string_view coclass) {
+    return {.coclass = coclass,
+            .before = {VT_R8, L"1.5"},
+            .alike = {VT_R8, L"1.50001"},
+            .after = {VT_R8, L"2.25"},
+            .edit = Types(L"2.2500"),
+            .objectClass = L"Text",
+            .objectProperty = 233,
+            .append = &AppendText,
+            .buttonAnswer = S_OK,
+            .readsValues = true};
+}
+
+/// The direction of a drawn polyline, chosen from a list.
+constexpr ClassScenario DirectionRow(std::string_view coclass) {
+    return {.coclass = coclass,
+            .before = {VT_I4, L"1"},
+            .alike = {VT_I4, L"1"},
+            .after = {VT_I4, L"0"},
+            .edit = Chooses(0),
+            .objectClass = L"Polyline",
+            .objectProperty = 264,
+            .append = &AppendPolyline,
+            .initAnswer = InitAnswer::Fail,
+            .prepareObject = &TellDirections,
+            .prepareDynamicProperty = &TellDirectionsOfProperty};
+}
+
+constexpr ClassScenario WithoutTip(ClassScenario row) {
+    row.hasTip = false;
+    return row;
+}
+
+constexpr ClassScenario WithButtonAnswer(ClassScenario row, HRESULT answer) {
+    row.buttonAnswer = answer;
+    return row;
+}
+
 /// What each available class needs to join the suites. A class that is READY in core/ClassList.inc and has no
 /// row here does not compile.
 inline constexpr ClassScenario c_classScenarios[] = {
-    {.coclass = "KvPePropertyEditorText",
-     .before = {VT_BSTR, L"before"},
-     .alike = {VT_BSTR, L"BEFORE"},
-     .after = {VT_BSTR, L"after"},
-     .edit = Types(L"after"),
-     .objectClass = L"Text",
-     .objectProperty = 231,
-     .append = &AppendText},
-    {.coclass = "KvPePropertyEditorPwdText",
-     .before = {VT_BSTR, L"before"},
-     .alike = {VT_BSTR, L"BEFORE"},
-     .after = {VT_BSTR, L"after"},
-     .edit = Types(L"after"),
-     .objectClass = L"Text",
-     .objectProperty = 231,
-     .append = &AppendText,
-     .hasTip = false},
-    {.coclass = "KvPePropertyEditorEnum",
-     .before = {VT_I4, L"1"},
-     .alike = {VT_I4, L"1"},
-     .after = {VT_I4, L"0"},
-     .edit = Chooses(0),
-     .objectClass = L"Polyline",
-     .objectProperty = 264,
-     .append = &AppendPolyline,
-     .initAnswer = InitAnswer::Fail,
-     .prepareObject = &TellDirections,
-     .prepareDynamicProperty = &TellDirectionsOfProperty},
-    {.coclass = "KvPePropertyEditorSpinnerEnum",
-     .before = {VT_I4, L"1"},
-     .alike = {VT_I4, L"1"},
-     .after = {VT_I4, L"0"},
-     .edit = Chooses(0),
-     .objectClass = L"Polyline",
-     .objectProperty = 264,
-     .append = &AppendPolyline,
-     .initAnswer = InitAnswer::Fail,
-     .prepareObject = &TellDirections,
-     .prepareDynamicProperty = &TellDirectionsOfProperty},
+    TextRow("KvPePropertyEditorText", 231),
+    WithoutTip(TextRow("KvPePropertyEditorPwdText", 231)),
+    DirectionRow("KvPePropertyEditorEnum"),
+    DirectionRow("KvPePropertyEditorSpinnerEnum"),
     {.coclass = "KvPePropertyEditorBool",
      .before = {VT_BOOL, L"0"},
      .alike = {VT_BOOL, L"0"},
@@ -70,65 +97,12 @@ inline constexpr ClassScenario c_classScenarios[] = {
      .objectProperty = 263,
      .append = &AppendPolyline,
      .initAnswer = InitAnswer::Fail},
-    {.coclass = "KvPePropertyEditorTextEx",
-     .before = {VT_BSTR, L"before"},
-     .alike = {VT_BSTR, L"BEFORE"},
-     .after = {VT_BSTR, L"after"},
-     .edit = Types(L"after"),
-     .objectClass = L"Text",
-     .objectProperty = 231,
-     .append = &AppendText,
-     .buttonAnswer = S_OK},
-    {.coclass = "KvPePropertyEditorEditButton",
-     .before = {VT_BSTR, L"before"},
-     .alike = {VT_BSTR, L"BEFORE"},
-     .after = {VT_BSTR, L"after"},
-     .edit = Types(L"after"),
-     .objectClass = L"Text",
-     .objectProperty = 104,
-     .append = &AppendText,
-     .buttonAnswer = S_OK,
-     .prepareObject = &PrepareDialog},
-    {.coclass = "KvPePropertyEditorEllipses",
-     .before = {VT_BSTR, L"before"},
-     .alike = {VT_BSTR, L"BEFORE"},
-     .after = {VT_BSTR, L"after"},
-     .edit = PressesAndTypes(L"after"),
-     .objectClass = L"Text",
-     .objectProperty = 104,
-     .append = &AppendText,
-     .buttonAnswer = S_OK,
-     .prepareObject = &PrepareDialog},
-    {.coclass = "KvPePropertyEditorEllipsesHyperlinks",
-     .before = {VT_BSTR, L"before"},
-     .alike = {VT_BSTR, L"BEFORE"},
-     .after = {VT_BSTR, L"after"},
-     .edit = PressesAndTypes(L"after"),
-     .objectClass = L"Text",
-     .objectProperty = 105,
-     .append = &AppendText,
-     .buttonAnswer = S_OK,
-     .prepareObject = &PrepareDialog},
-    {.coclass = "KvPePropertyEditorNumeric",
-     .before = {VT_R8, L"1.5"},
-     .alike = {VT_R8, L"1.50001"},
-     .after = {VT_R8, L"2.25"},
-     .edit = Types(L"2.2500"),
-     .objectClass = L"Text",
-     .objectProperty = 233,
-     .append = &AppendText,
-     .buttonAnswer = S_OK,
-     .readsValues = true},
-    {.coclass = "KvPePropertyEditorTOLMNumeric",
-     .before = {VT_R8, L"1.5"},
-     .alike = {VT_R8, L"1.50001"},
-     .after = {VT_R8, L"2.25"},
-     .edit = Types(L"2.2500"),
-     .objectClass = L"Text",
-     .objectProperty = 233,
-     .append = &AppendText,
-     .buttonAnswer = S_OK,
-     .readsValues = true},
+    WithButtonAnswer(TextRow("KvPePropertyEditorTextEx", 231), S_OK),
+    DialogRow("KvPePropertyEditorEditButton", 104, Types(L"after")),
+    DialogRow("KvPePropertyEditorEllipses", 104, PressesAndTypes(L"after")),
+    DialogRow("KvPePropertyEditorEllipsesHyperlinks", 105, PressesAndTypes(L"after")),
+    NumberRow("KvPePropertyEditorNumeric"),
+    NumberRow("KvPePropertyEditorTOLMNumeric"),
     {.coclass = "KvPePropertyEditorLayer",
      .before = {VT_BSTR, L"Doors"},
      .alike = {VT_BSTR, L"DOORS"},

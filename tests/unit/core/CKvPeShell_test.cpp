@@ -8,12 +8,9 @@
 
 #include "core/CKvPeBaseTempl.h"
 #include "core/EditState.h"
-#include "framework/com/CComObject.h"
 #include "tests/support/ExpectCalls.h"
-#include "tests/support/FakeSite.h"
 #include "tests/support/JournalNote.h"
-#include "tests/support/MessagePump.h"
-#include "tests/support/RecordingSink.h"
+#include "tests/support/ShellBench.h"
 
 // What the layers above the core bring: a class that previews and one that has buttons. The shell knows their
 // names.
@@ -212,57 +209,19 @@ struct KvPeClassIdOf<ButtonLogic> {
 
 namespace {
 
-const fw::WindowClass s_windowClass{.name = L"KvTestShellFrame"};
-
 template <class Shell>
-class ShellBench : public ::testing::Test {
+class LogicBench : public kvtest::ShellBench<Shell> {
 protected:
-    static constexpr RECT c_place = {10, 20, 130, 40};
-
-    ShellBench() {
-        frame.Create(s_windowClass, L"", WS_POPUP | WS_VISIBLE, {100, 100, 400, 300}, nullptr);
-        EXPECT_EQ(CComObject<Shell>::CreateInstance(nullptr, &shell), S_OK);
-        site = kvtest::FakeSite::Make(frame, c_place);
-        sink = kvtest::RecordingSink::Make();
-        EXPECT_EQ(shell->SetClientSite(site.Get()), S_OK);
-        fw::ComPtr<IConnectionPoint> point;
-        EXPECT_EQ(shell->FindConnectionPoint(__uuidof(IKvPiPropertyEditEventsSink2), point.Put()), S_OK);
-        EXPECT_EQ(point->Advise(sink.Get(), &cookie), S_OK);
-        journal.Clear();
-    }
-    ~ShellBench() override {
-        if (shell) {
-            EXPECT_EQ(shell->Close(OLECLOSE_NOSAVE), S_OK);
-            EXPECT_EQ(shell->SetClientSite(nullptr), S_OK);
-            shell->Release();
-        }
-        frame.DestroyWindow();
-        kvtest::PumpWaiting();
-    }
-
-    HRESULT DoVerb(LONG verb) { return shell->DoVerb(verb, nullptr, site.Get(), 0, frame, &c_place); }
-    void Activate() {
-        EXPECT_EQ(DoVerb(OLEIVERB_INPLACEACTIVATE), S_OK);
-        kvtest::PumpWaiting();
-        journal.Clear();
-    }
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-        return ::SendMessageW(shell->m_hWnd, message, wParam, lParam);
+        return ::SendMessageW(this->Window(), message, wParam, lParam);
     }
-    kvtest::CallLines LogicCalls() { return kvtest::CallsIgnoring(journal, {"Site.", "Frame."}); }
-
-    kvhost::Journal journal;
-    CWnd frame;
-    CComObject<Shell>* shell = nullptr;
-    fw::ComPtr<kvtest::FakeSite> site;
-    fw::ComPtr<kvtest::RecordingSink> sink;
-    DWORD cookie = 0;
+    kvtest::CallLines LogicCalls() { return kvtest::CallsIgnoring(this->journal, {"Site.", "Frame."}); }
 };
 
-using Shell = ShellBench<TestShell<NotingLogic>>;
-using EmptyShell = ShellBench<TestShell<NotingLogic, false>>;
-using PreviewShell = ShellBench<TestShell<PreviewLogic>>;
-using ButtonShell = ShellBench<TestShell<ButtonLogic>>;
+using Shell = LogicBench<TestShell<NotingLogic>>;
+using EmptyShell = LogicBench<TestShell<NotingLogic, false>>;
+using PreviewShell = LogicBench<TestShell<PreviewLogic>>;
+using ButtonShell = LogicBench<TestShell<ButtonLogic>>;
 
 class CKvPeShell_Logic : public Shell {};
 class CKvPeShell_NoLogic : public EmptyShell {};

@@ -20,21 +20,30 @@ protected:
         RECT bounds{};
         return Tip() && ::GetWindowRect(Tip(), &bounds) && !::IsRectEmpty(&bounds);
     }
+    void OpenLongText() {
+        row->m_text = L"a text that is by far too long for a row of this width";
+        Open();
+    }
+    void PointAtLongText() {
+        OpenLongText();
+        Edit().SetReadOnly(TRUE);
+        PutCursor(Edit());
+        MoveMouse();
+    }
+    bool ShowsTip() {
+        PointAtLongText();
+        return kvtest::PumpUntil([] { return ::IsWindowVisible(Tip()) != FALSE; });
+    }
 };
 
 TEST_F(EditBoxTip, MouseMove_InEdit_ShowsNoTip) {
-    row->m_text = L"a text that is by far too long for a row of this width";
-    Open();
+    OpenLongText();
     MoveMouse();
     EXPECT_FALSE(TipIsPlaced());
 }
 
 TEST_F(EditBoxTip, MouseMove_ReadOnlyBoxTooNarrow_ShowsTheTipWithRoomForTheText) {
-    row->m_text = L"a text that is by far too long for a row of this width";
-    Open();
-    Edit().SetReadOnly(TRUE);
-    PutCursor(Edit());
-    MoveMouse();
+    PointAtLongText();
     ASSERT_TRUE(TipIsPlaced());
     CRect tip;
     ::GetWindowRect(Tip(), &tip);
@@ -47,8 +56,7 @@ TEST_F(EditBoxTip, MouseMove_ReadOnlyBoxTooNarrow_ShowsTheTipWithRoomForTheText)
 }
 
 TEST_F(EditBoxTip, MouseMove_WritableBoxOutOfEdit_ShowsTheTip) {
-    row->m_text = L"a text that is by far too long for a row of this width";
-    Open();
+    OpenLongText();
     row->m_state = EditState_Shown;
     MoveMouse();
     EXPECT_TRUE(TipIsPlaced());
@@ -75,24 +83,14 @@ TEST_F(EditBoxTip, MouseMove_WidthEqualToTheText_ShowsNoTip) {
 }
 
 TEST_F(EditBoxTip, MouseMove_BoxTurnsWritable_HidesTheTip) {
-    row->m_text = L"a text that is by far too long for a row of this width";
-    Open();
-    Edit().SetReadOnly(TRUE);
-    PutCursor(Edit());
-    MoveMouse();
-    ASSERT_TRUE(kvtest::PumpUntil([] { return ::IsWindowVisible(Tip()) != FALSE; }));
+    ASSERT_TRUE(ShowsTip());
     Edit().SetReadOnly(FALSE);
     MoveMouse();
     EXPECT_FALSE(::IsWindowVisible(Tip()));
 }
 
 TEST_F(EditBoxTip, DrawTip_PaintsTheTextInTheTipsColours) {
-    row->m_text = L"a text that is by far too long for a row of this width";
-    Open();
-    Edit().SetReadOnly(TRUE);
-    PutCursor(Edit());
-    MoveMouse();
-    ASSERT_TRUE(kvtest::PumpUntil([] { return ::IsWindowVisible(Tip()) != FALSE; }));
+    ASSERT_TRUE(ShowsTip());
     const fw::WindowDc dc(Tip());
     const CRect client = [] {
         CRect bounds;
@@ -125,12 +123,7 @@ private:
 TEST_F(EditBoxTip, DrawTip_TextHasTheTipsTextColour) {
     constexpr COLORREF reddish = RGB(200, 10, 20);
     const SystemColor textColor(23, reddish);
-    row->m_text = L"a text that is by far too long for a row of this width";
-    Open();
-    Edit().SetReadOnly(TRUE);
-    PutCursor(Edit());
-    MoveMouse();
-    ASSERT_TRUE(kvtest::PumpUntil([] { return ::IsWindowVisible(Tip()) != FALSE; }));
+    ASSERT_TRUE(ShowsTip());
     const fw::WindowDc dc(Tip());
     CRect client;
     ::GetClientRect(Tip(), &client);

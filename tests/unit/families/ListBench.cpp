@@ -1,35 +1,17 @@
 #include "tests/unit/families/ListBench.h"
 
 #include "tests/support/LeakCheck.h"
+#include "tests/support/ListWarmUp.h"
 #include "tests/support/RowFont.h"
 #include "tests/support/WarmUp.h"
 
 namespace kvtest {
 namespace {
 
-const fw::WindowClass s_windowClass{.name = L"KvTestListFrame", .style = CS_DBLCLKS};
+const fw::WindowClass s_elsewhereClass{.name = L"KvTestElsewhere"};
 
 const LeakCounter s_sites("sites of list rows", FakeSite::LiveCount);
 const LeakCounter s_sinks("sinks of list rows", RecordingSink::LiveCount);
-
-// The system keeps some objects from the first drop-down on, and some from the first picture of one.
-void WarmUpLists() {
-    CWnd frame;
-    frame.Create(s_windowClass, L"", WS_POPUP | WS_VISIBLE, {100, 100, 400, 300}, nullptr);
-    for (const DWORD kind : {DWORD{CBS_DROPDOWNLIST}, DWORD{CBS_DROPDOWNLIST | CBS_HASSTRINGS}}) {
-        CComboBox list;
-        list.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL | kind, {0, 0, 120, 200}, frame, 1);
-        list.AddString(L"a");
-        list.AddString(L"b");
-        list.SetFocus();
-        list.ShowDropDown();
-        PumpWaiting();
-        list.ShowDropDown(FALSE);
-        list.DestroyWindow();
-    }
-    frame.DestroyWindow();
-    PumpWaiting();
-}
 
 const WarmUpStep s_lists(&WarmUpLists);
 
@@ -85,47 +67,13 @@ HRESULT ListRow::LaunchZRBPropertyDialog(CString& text) {
 }
 
 ListBench::ListBench() {
-    document = &host->Documents().New();
-    frame.Create(s_windowClass, L"bench", WS_POPUP | WS_VISIBLE, {100, 100, 400, 300}, nullptr);
-    elsewhere.Create(s_windowClass, L"", WS_CHILD | WS_VISIBLE, {200, 100, 220, 120}, frame);
-    ::SetForegroundWindow(frame);
+    elsewhere.Create(s_elsewhereClass, L"", WS_CHILD | WS_VISIBLE, {200, 100, 220, 120}, frame);
     elsewhere.SetFocus();
-    EXPECT_EQ(CComObject<ListShell>::CreateInstance(nullptr, &shell), S_OK);
-    site = FakeSite::Make(frame, c_place);
-    sink = RecordingSink::Make();
-    EXPECT_EQ(shell->SetClientSite(site.Get()), S_OK);
-    fw::ComPtr<IConnectionPoint> point;
-    EXPECT_EQ(shell->FindConnectionPoint(__uuidof(IKvPiPropertyEditEventsSink2), point.Put()), S_OK);
-    EXPECT_EQ(point->Advise(sink.Get(), &cookie), S_OK);
-    EXPECT_EQ(DoVerb(OLEIVERB_INPLACEACTIVATE), S_OK);
+    Activate();
     font = MakeRowFont();
     EXPECT_TRUE(font);
     EXPECT_EQ(shell->put_Font(font.Get()), S_OK);
     EXPECT_EQ(Row().Handle_Refresh(), S_OK);
-    Clear();
-}
-
-ListBench::~ListBench() {
-    Discard();
-    frame.DestroyWindow();
-    PumpWaiting();
-}
-
-void ListBench::Discard() {
-    if (shell) {
-        fw::Ignore(shell->Close(OLECLOSE_NOSAVE));
-        fw::Ignore(shell->SetClientSite(nullptr));
-        shell->Release();
-        shell = nullptr;
-    }
-}
-
-HRESULT ListBench::DoVerb(LONG verb) {
-    return shell->DoVerb(verb, nullptr, site.Get(), 0, frame, &c_place);
-}
-
-void ListBench::Edit() {
-    EXPECT_EQ(DoVerb(OLEIVERB_UIACTIVATE), S_OK);
     Clear();
 }
 

@@ -12,15 +12,10 @@
 #include "families/CKvPeComboBase.h"
 #include "families/CKvPeComboTempl.h"
 #include "families/CPropComboBox.h"
-#include "framework/com/CComObject.h"
 #include "framework/com/Variant.h"
-#include "refhost/editor/DocumentManager.h"
-#include "refhost/editor/HostSession.h"
 #include "tests/support/ExpectCalls.h"
-#include "tests/support/FakeSite.h"
 #include "tests/support/JournalNote.h"
-#include "tests/support/MessagePump.h"
-#include "tests/support/RecordingSink.h"
+#include "tests/support/ShellBench.h"
 
 namespace kvtest {
 
@@ -94,28 +89,16 @@ public:
 
 /// A frame window with one list row in it, active in place and not yet edited, in a host with one drawing.
 /// Host calls and events stand in one journal.
-class ListBench : public ::testing::Test {
+class ListBench : public ShellBench<ListShell> {
 protected:
-    static constexpr RECT c_place = {10, 20, 130, 40};
     static constexpr RECT c_clientRect = {0, 0, 120, 20};
 
     ListBench();
-    ~ListBench() override;
 
-    /// Ends and lets go of the control, as the palette does with its rows.
-    void Discard();
-    HRESULT DoVerb(LONG verb);
-    /// Opens the row as a user does who moves to it, and forgets what that led to.
-    void Edit();
-    void Clear() {
-        PumpWaiting();
-        journal.Clear();
-    }
     /// The journal without the calls on site and frame, and without the questions for a preview.
     CallLines Calls();
 
     ListRow& Row() { return shell->Row(); }
-    HWND Window() const { return shell->m_hWnd; }
     CLzUiComboBox& List() { return *Row().m_pList; }
     HWND ListPart() { return List().GetListWindow(); }
     /// As the list says by WM_COMMAND.
@@ -128,16 +111,8 @@ protected:
     void Mouse(UINT message, int entry, WPARAM keys = 0);
     CPoint MiddleOf(int entry);
 
-    kvhost::HostSession host;
-    kvhost::Document* document = nullptr;
-    kvhost::Journal journal;
-    CWnd frame;
     CWnd elsewhere;  // a child of the frame that can have the focus
-    CComObject<ListShell>* shell = nullptr;
-    fw::ComPtr<FakeSite> site;
-    fw::ComPtr<RecordingSink> sink;
     fw::ComPtr<IFont> font;
-    DWORD cookie = 0;
 };
 
 }  // namespace kvtest

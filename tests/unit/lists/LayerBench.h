@@ -8,20 +8,15 @@
 
 #include "core/EditState.h"
 #include "families/CKvPeComboTempl.h"
-#include "framework/com/CComObject.h"
 #include "lists/CComboLayer.h"
 #include "lists/COwnerDrawItemLayer.h"
 #include "lists/CPropertyEditorLayer.h"
 #include "refhost/db/Layer.h"
 #include "refhost/db/ScopedOpen.h"
-#include "refhost/editor/DocumentManager.h"
 #include "refhost/editor/EditorState.h"
-#include "refhost/editor/HostSession.h"
 #include "refhost/testing/ScriptedObject.h"
 #include "tests/support/ExpectCalls.h"
-#include "tests/support/FakeSite.h"
-#include "tests/support/MessagePump.h"
-#include "tests/support/RecordingSink.h"
+#include "tests/support/ShellBench.h"
 
 namespace kvtest {
 
@@ -58,10 +53,8 @@ public:
 
 /// A layer row in a palette, over entities of a drawing with the layers "0", "Doors", "Trees" and "Walls".
 /// Host calls and events stand in one journal.
-class LayerBench : public ::testing::Test {
+class LayerBench : public ShellBench<LayerShell> {
 protected:
-    static constexpr RECT c_place = {10, 20, 130, 40};
-
     LayerBench();
     ~LayerBench() override;
 
@@ -70,11 +63,6 @@ protected:
     /// Hands the entities to the row and forgets what that led to.
     HRESULT Select(const std::vector<KvDbObjectId>& entities);
     HRESULT SelectObjects(const std::vector<IDispatch*>& selection, DISPID property);
-    void Discard();
-    HRESULT DoVerb(LONG verb);
-    /// Opens the row as a user does who moves to it, and forgets what that led to.
-    void Edit();
-    void Clear();
 
     LayerRow& Row() { return shell->Row(); }
     CComboLayer& List() { return *static_cast<CComboLayer*>(Row().m_pComboList); }
@@ -103,15 +91,7 @@ protected:
 
     kvhost::Database& Drawing() const { return document->GetDatabase(); }
 
-    kvhost::HostSession host;
-    kvhost::Document* document = nullptr;
-    kvhost::Journal journal;
-    CWnd frame;
-    CComObject<LayerShell>* shell = nullptr;
-    fw::ComPtr<FakeSite> site;
-    fw::ComPtr<RecordingSink> sink;
     fw::ComPtr<IFont> font;
-    DWORD cookie = 0;
 };
 
 }  // namespace kvtest
