@@ -5,7 +5,7 @@ import unittest
 
 from check_layers import check_include
 from check_style import complaints_about
-from lint import included_files
+from lint import SOURCES_AT_ONCE, batches_of, included_files, options_of
 
 KNOWN = {"core/A.h", "families/B.h", "framework/base/C.h", "preview/CKvPePreviewAbleCtrlBase.h", "preview/P.h"}
 
@@ -56,6 +56,19 @@ class CheckStyle(unittest.TestCase):
 class Lint(unittest.TestCase):
     def test_key_of_a_source_covers_the_headers_it_reaches(self):
         self.assertIn("tests/support/MessagePump.h", included_files("tests/support/LeakCheck.cpp"))
+
+    def test_options_are_alike_for_the_sources_of_a_target(self):
+        command = "/bin/g++ -DA -I/root -std=c++20 -Winvalid-pch -include /b/cmake_pch.hxx -MD -MT {0}.obj -MF {0}.d -o {0}.obj -c {0}"
+        self.assertEqual(options_of(command.format("/a.cpp")), "-DA -I/root -std=c++20")
+        self.assertEqual(options_of(command.format("/b.cpp")), options_of(command.format("/a.cpp")))
+
+    def test_every_source_is_in_one_batch_with_its_likes(self):
+        work = {f"{number}.cpp": ("odd" if number % 2 else "even", "key") for number in range(50)}
+        batches = batches_of(work)
+        self.assertEqual(sorted(path for paths, _ in batches for path in paths), sorted(work))
+        for paths, options in batches:
+            self.assertLessEqual(len(paths), SOURCES_AT_ONCE)
+            self.assertEqual({work[path][0] for path in paths}, {options})
 
 
 if __name__ == "__main__":
