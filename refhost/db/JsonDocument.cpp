@@ -9,6 +9,9 @@ namespace kvhost {
 namespace {
 
 constexpr std::string_view c_byteOrderMark = "\xEF\xBB\xBF";
+/// Far beyond what drawings and maps need. A file that nests without end would be held in memory whole before
+/// it is refused.
+constexpr int c_greatestDepth = 200;
 
 /// "line 3, column 7" of a byte offset.
 std::wstring PlaceOf(std::string_view content, std::size_t offset) {
@@ -17,6 +20,27 @@ std::wstring PlaceOf(std::string_view content, std::size_t offset) {
     const std::size_t lineStart = before.rfind('\n') + 1;  // npos + 1 is 0.
     const std::size_t column = before.size() - lineStart + 1;
     return L"line " + std::to_wstring(line) + L", column " + std::to_wstring(column);
+}
+
+/// Offset of the bracket that nests too deeply; npos when none does.
+std::size_t OffsetOfExcessiveDepth(std::string_view content) {
+    int depth = 0;
+    bool inText = false;
+    for (std::size_t offset = 0; offset < content.size(); ++offset) {
+        const char unit = content[offset];
+        if (unit == '"') {
+            inText = !inText;
+        } else if (inText) {
+            offset += unit == '\\' ? 1 : 0;
+        } else if (unit == '[' || unit == '{') {
+            if (++depth > c_greatestDepth) {
+                return offset;
+            }
+        } else if (unit == ']' || unit == '}') {
+            --depth;
+        }
+    }
+    return std::string_view::npos;
 }
 
 /// What the parser says of the error, without its own name and place.
@@ -53,6 +77,11 @@ std::wstring JsonPath::Text() const {
 bool ParseJson(std::string_view content, Json& document, std::wstring& error) {
     const std::string_view text =
         content.starts_with(c_byteOrderMark) ? content.substr(c_byteOrderMark.size()) : content;
+    const std::size_t tooDeep = OffsetOfExcessiveDepth(text);
+    if (tooDeep != std::string_view::npos) {
+        error = PlaceOf(text, tooDeep) + L": nested too deeply";
+        return false;
+    }
     try {
         document = Json::parse(text);
         return true;

@@ -266,8 +266,18 @@ TEST_F(DamagedDrawing, Qxf_NestedWithoutEnd_IsRefused) {
         }
         const DrawingReadResult result = kvhost::ReadQxf(deep);
         EXPECT_EQ(result.database, nullptr);
-        EXPECT_FALSE(result.error.empty());
+        EXPECT_TRUE(result.error.ends_with(L": nested too deeply"));
     }
+}
+
+TEST_F(DamagedDrawing, Qxf_NestedOnceTooDeeply_IsRefusedAtTheBracket) {
+    // Brackets within texts nest nothing.
+    const auto read = [](std::size_t depth) {
+        return kvhost::ReadQxf("{\"a\":\n\"[[\\\"[\",\"b\":" + std::string(depth - 1, '[') +
+                               std::string(depth - 1, ']') + '}');
+    };
+    EXPECT_EQ(read(201).error, L"line 2, column 212: nested too deeply");
+    EXPECT_EQ(read(200).error.find(L"nested"), std::wstring::npos);
 }
 
 TEST_F(DamagedDrawing, Qxf_BlocksInEachOther_AreRefusedAtTheReference) {
