@@ -16,7 +16,7 @@ import unittest
 
 LAUNCHER, PROGRAM, SOURCE = (os.path.abspath(argument) for argument in sys.argv[1:4])
 SITE = os.path.join(SOURCE, "samples", "site.qxf")
-MAPS = os.path.normpath(os.path.join(SOURCE, "..", "shared", "data"))
+MAPS = os.environ.get("KV_MAPS", os.path.normpath(os.path.join(SOURCE, "..", "shared", "data")))
 MARK = "-----"
 
 

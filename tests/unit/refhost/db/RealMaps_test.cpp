@@ -14,9 +14,11 @@ namespace {
 using kvhost::Database;
 using kvhost::DrawingReadResult;
 
-// The maps lie beside the tree where the project is developed; they are too large to carry along.
+// The maps lie beside the tree where the project is developed; they are too large to carry along. KV_MAPS
+// names another folder.
 std::vector<std::wstring> MapFolders() {
-    const std::wstring folder = KV_SHARED_DATA;
+    const wchar_t* const named = ::_wgetenv(L"KV_MAPS");
+    const std::wstring folder = named != nullptr ? named : KV_SHARED_DATA;
     return std::filesystem::is_directory(folder) ? std::vector{folder} : std::vector<std::wstring>();
 }
 
