@@ -7,11 +7,6 @@
 namespace kvconform {
 namespace {
 
-HRESULT Ask(IUnknown* object, REFIID id) {
-    fw::ComPtr<IUnknown> answer;
-    return object->QueryInterface(id, answer.PutVoid());
-}
-
 /// The identity of whoever answers; null when it has none.
 IUnknown* IdentityOf(IUnknown* object) {
     fw::ComPtr<IUnknown> identity;
@@ -19,14 +14,32 @@ IUnknown* IdentityOf(IUnknown* object) {
     return SUCCEEDED(object->QueryInterface(IID_IUnknown, identity.PutVoid())) ? identity.Get() : nullptr;
 }
 
+/// The interfaces that the object does not answer, or answers by another object.
+Lines LostFrom(IUnknown* object, IUnknown* identity, const std::vector<NamedInterface>& all) {
+    Lines lost;
+    for (const NamedInterface& to : all) {
+        fw::ComPtr<IUnknown> answer;
+        if (FAILED(object->QueryInterface(*to.id, answer.PutVoid())) ||
+            IdentityOf(answer.Get()) != identity) {
+            lost.emplace_back(to.name);
+        }
+    }
+    return lost;
+}
+
 void CheckFrom(Report& report, const NamedInterface& from, IUnknown* object, IUnknown* identity,
                const std::vector<NamedInterface>& all) {
     const std::string name = from.name;
-    report.Expect("query: " + name + " is answered by itself", S_OK, Ask(object, *from.id));
     report.Expect("query: " + name + " has the identity of the control", true,
                   IdentityOf(object) == identity);
     for (const NamedInterface& to : all) {
-        report.Expect("query: " + name + " leads to " + to.name, S_OK, Ask(object, *to.id));
+        const std::string way = "query: " + name + " leads to " + to.name;
+        fw::ComPtr<IUnknown> answer;
+        if (report.Expect(way, S_OK, object->QueryInterface(*to.id, answer.PutVoid()))) {
+            report.Expect(way + " of the same control", true, IdentityOf(answer.Get()) == identity);
+            report.Expect(way + ", which leads on to all but", Lines{},
+                          LostFrom(answer.Get(), identity, all));
+        }
     }
 }
 

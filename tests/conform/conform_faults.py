@@ -10,6 +10,8 @@ import sys
 FAULTS = {
     "drops-interface": "query: IQuickActivate is answered",
     "foreign-identity": "query: IOleWindow has the identity of the control",
+    "leads-elsewhere": "query: IOleWindow leads to IQuickActivate of the same control",
+    "leads-nowhere": "query: IOleWindow leads to IOleWindow, which leads on to all but",
     "extra-interface": "query: IKvPeColorCtrl, which the class table does not give the class, is refused",
     "quick-status": "quick: dwMiscStatus has the bits of an embedded control",
     "quick-policy": "quick: dwPointerActivationPolicy is cleared",

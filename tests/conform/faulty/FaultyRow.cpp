@@ -6,33 +6,22 @@
 
 namespace {
 
-/// An interface that is no part of the control: it knows itself alone.
-class ForeignWindow final : public IOleWindow {
-public:
-    STDMETHODIMP QueryInterface(REFIID id, void** result) override {
-        const bool isKnown = id == IID_IUnknown || id == IID_IOleWindow;
-        *result = isKnown ? this : nullptr;
-        return isKnown ? S_OK : E_NOINTERFACE;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
-    STDMETHODIMP_(ULONG) Release() override { return 1; }
-    STDMETHODIMP GetWindow(HWND*) override { return E_FAIL; }
-    STDMETHODIMP ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
-};
-
-ForeignWindow s_foreignWindow;
-
 fw::InterfaceEntry ForeignEntry(const IID& id) {
-    return {&id, [](void*) noexcept -> void* { return static_cast<IOleWindow*>(&s_foreignWindow); }};
+    return {&id, [](void*) noexcept -> void* { return ForeignWindow(); }};
 }
+
+constexpr fw::InterfaceEntry s_strayEntry{
+    &IID_IOleWindow, [](void* row) noexcept -> void* { return &static_cast<FaultyRow*>(row)->Stray(); }};
 
 std::vector<fw::InterfaceEntry> MakeInterfaces() {
     std::vector<fw::InterfaceEntry> entries;
     for (const fw::InterfaceEntry& entry : CKvPeShell::Interfaces()) {
         const bool isDropped = HasFault(L"drops-interface") && *entry.id == IID_IQuickActivate;
-        const bool isForeign = HasFault(L"foreign-identity") && *entry.id == IID_IOleWindow;
+        const bool isWindow = *entry.id == IID_IOleWindow;
+        const bool isForeign = isWindow && HasFault(L"foreign-identity");
+        const bool isStray = isWindow && StrayWindow::IsAskedFor();
         if (!isDropped) {
-            entries.push_back(isForeign ? ForeignEntry(IID_IOleWindow) : entry);
+            entries.push_back(isForeign ? ForeignEntry(IID_IOleWindow) : isStray ? s_strayEntry : entry);
         }
     }
     if (HasFault(L"extra-interface")) {

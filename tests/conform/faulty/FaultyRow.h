@@ -3,6 +3,7 @@
 #include "core/ClassIds.h"
 #include "families/CKvPeEditTempl.h"
 #include "tests/conform/faulty/FaultyText.h"
+#include "tests/conform/faulty/StrayWindow.h"
 
 template <>
 struct KvPeClassIdOf<FaultyText> {
@@ -13,6 +14,7 @@ struct KvPeClassIdOf<FaultyText> {
 class FaultyRow : public CKvPeEditTempl<FaultyText> {
 public:
     static std::span<const fw::InterfaceEntry> Interfaces();
+    StrayWindow& Stray() { return m_stray; }
 
     STDMETHODIMP QuickActivate(QACONTAINER* container, QACONTROL* control) override;
     STDMETHODIMP SetClientSite(IOleClientSite* site) override;
@@ -26,4 +28,8 @@ public:
                         VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override;
     STDMETHODIMP Close(DWORD saveOption) override;
     HRESULT FireKeyDownEvent(UINT_PTR key, LONG_PTR keyData) override;
+
+private:
+    StrayWindow m_secondStep{*this, nullptr};
+    StrayWindow m_stray{*this, &m_secondStep};
 };
