@@ -1,5 +1,5 @@
-// kvpexctl-conform [--json] [--registration] [--class NAME] [MODULE]: checks a module of property controls
-// against what its clients rely on.
+// kvpexctl-conform [--json] [--registration] [--complete] [--class NAME] [MODULE]: checks a module of
+// property controls against what its clients rely on.
 
 #include <exception>
 #include <string>
@@ -13,22 +13,26 @@
 namespace kvconform {
 namespace {
 
-enum class ExitStatus { Conforms = 0, Broken = 1, BadUsage = 2, NoModule = 3 };
+enum class ExitStatus { Conforms = 0, Broken = 1, BadUsage = 2, NoModule = 3, NotOffered = 4 };
 
 constexpr char c_usage[] =
-    "usage: kvpexctl-conform [--json] [--registration] [--class NAME] [MODULE]\n"
+    "usage: kvpexctl-conform [--json] [--registration] [--complete] [--class NAME] [MODULE]\n"
     "Checks each class that the module offers, and the module itself.\n"
     "  MODULE          path of the module; without it, the one that is registered\n"
     "  --json          the report as JSON\n"
     "  --registration  also register the module for the current user and take it out again\n"
+    "  --complete      a class of the class table that is ready must be offered\n"
     "  --class NAME    this class alone, and nothing of the module itself\n"
-    "Exit status: 0 every rule holds, 1 one is broken, 2 bad usage, 3 the module cannot be loaded.\n";
+    "Exit status: 0 every rule holds, 1 one is broken, 2 bad usage, 3 the module cannot be loaded, 4 no rule "
+    "is "
+    "broken, but the module does not offer the class, or none at all.\n";
 
 struct Options {
     std::wstring module;
     std::wstring onlyClass;
     bool json = false;
     bool registration = false;
+    bool complete = false;
 };
 
 bool Parse(const std::vector<std::wstring>& arguments, Options& options) {
@@ -38,6 +42,8 @@ bool Parse(const std::vector<std::wstring>& arguments, Options& options) {
             options.json = true;
         } else if (argument == L"--registration") {
             options.registration = true;
+        } else if (argument == L"--complete") {
+            options.complete = true;
         } else if (argument == L"--class" && index + 1 < arguments.size()) {
             options.onlyClass = arguments[++index];
         } else if (argument.starts_with(L"-") || !options.module.empty()) {
@@ -53,12 +59,15 @@ using ClassCheck = void (*)(Report&, const TestedModule&, const kvtest::ClassRow
 constexpr ClassCheck c_classChecks[] = {&CheckQuickActivation, &CheckClassicActivation, &CheckVerbs,
                                         &CheckAmbients,        &CheckConnections,       &CheckDispatch};
 
-void CheckClass(Report& report, TestedModule& module, const kvtest::ClassRow& row) {
+void CheckClass(Report& report, TestedModule& module, const kvtest::ClassRow& row, bool mustBeOffered) {
     report.Begin(ToText(row.name));
     fw::ComPtr<IUnknown> control;
     const HRESULT made = module.Create(*row.id, IID_IUnknown, control.PutVoid());
     if (made == CLASS_E_CLASSNOTAVAILABLE) {
         report.SetUnavailable();
+        if (mustBeOffered) {
+            report.Expect("create: the class is offered", S_OK, made);
+        }
         return;
     }
     if (!report.Expect("create: the class can be created", S_OK, made)) {
@@ -114,19 +123,22 @@ ExitStatus Run(const Options& options) {
     for (const kvtest::ClassRow& row : kvtest::s_classRows) {
         if (options.onlyClass.empty() || options.onlyClass == row.name) {
             isKnown = true;
-            CheckClass(report, module, row);
+            CheckClass(report, module, row, options.complete && row.state == "READY");
         }
     }
     if (!isKnown) {
         std::fputs("kvpexctl-conform: there is no such class\n", stderr);
         return ExitStatus::BadUsage;
     }
+    const bool isNoneOffered = report.CountOffered() == 0;
     if (options.onlyClass.empty()) {
         CheckModule(report, module, options);
     }
     kvhost::Modules::UnloadAll();
     std::fputs((options.json ? report.Json() : report.Text()).c_str(), stdout);
-    return report.CountFindings() == 0 ? ExitStatus::Conforms : ExitStatus::Broken;
+    return report.CountFindings() > 0 ? ExitStatus::Broken
+           : isNoneOffered            ? ExitStatus::NotOffered
+                                      : ExitStatus::Conforms;
 }
 
 ExitStatus Start(const std::vector<std::wstring>& arguments) {

@@ -1,5 +1,7 @@
 #include "tests/conform/Report.h"
 
+#include <algorithm>
+
 #include <nlohmann/json.hpp>
 
 #include "tests/support/CallLines.h"
@@ -23,6 +25,15 @@ std::string Indented(const std::string& text) {
         }
     }
     return indented;
+}
+
+std::string HeadingOf(const SubjectReport& subject) {
+    const bool isBroken = !subject.findings.empty();
+    if (!subject.available) {
+        return (isBroken ? "FAIL  " : "none  ") + subject.name + ": not offered\n";
+    }
+    return (isBroken ? "FAIL  " : "ok    ") + subject.name + ": " + std::to_string(subject.checks) +
+           " checks, " + std::to_string(subject.findings.size()) + " broken\n";
 }
 
 }  // namespace
@@ -104,6 +115,10 @@ std::size_t Report::CountFindings() const {
     return findings;
 }
 
+std::size_t Report::CountOffered() const {
+    return static_cast<std::size_t>(std::ranges::count(m_subjects, true, &SubjectReport::available));
+}
+
 int Report::CountChecks() const {
     int checks = 0;
     for (const SubjectReport& subject : m_subjects) {
@@ -114,21 +129,15 @@ int Report::CountChecks() const {
 
 std::string Report::Text() const {
     std::string text = kvtest::ToUtf8(m_module) + "\n\n";
-    std::size_t available = 0;
     for (const SubjectReport& subject : m_subjects) {
-        if (!subject.available) {
-            continue;
-        }
-        ++available;
-        text += (subject.findings.empty() ? "ok    " : "FAIL  ") + subject.name + ": " +
-                std::to_string(subject.checks) + " checks, " + std::to_string(subject.findings.size()) +
-                " broken\n";
+        text += HeadingOf(subject);
         for (const Finding& finding : subject.findings) {
             text += "        " + finding.rule + "\n";
             text += "    expected: " + Indented(finding.expected) + "\n";
             text += "    found:    " + Indented(finding.found) + "\n";
         }
     }
+    const std::size_t available = CountOffered();
     text += "\n" + std::to_string(CountChecks()) + " checks of " + std::to_string(available) + " subjects; " +
             std::to_string(m_subjects.size() - available) + " classes are not offered; " +
             std::to_string(CountFindings()) + " rules broken\n";

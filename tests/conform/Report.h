@@ -52,6 +52,8 @@ public:
     }
 
     [[nodiscard]] std::size_t CountFindings() const;
+    /// The subjects that are there.
+    [[nodiscard]] std::size_t CountOffered() const;
     /// For people: one line per subject, one block per finding, a summary.
     [[nodiscard]] std::string Text() const;
     /// For programs: {"module", "checks", "findings", "subjects": [{"name", "available", "checks",

@@ -28,6 +28,7 @@ FAULTS = {
     "keeps-module": "create: the module can be unloaded when no control lives",
 }
 CLASS = "KvPePropertyEditorText"
+OTHER_CLASS = "KvPePropertyEditorBool"  # ready, but not offered by the wrong server
 
 
 def run(runner, program, module, fault="", options=()):
@@ -79,6 +80,13 @@ def main():
     status, output = run(runner, program, plain_library, options=["--json"])
     rules = [entry["rule"] for entry in findings(output, "the module")]
     expect(f"no component server: {rules}", status == 1 and "type library: the module carries one" in rules)
+
+    # A class that was not checked is not called right.
+    status, output = run(runner, program, faulty, options=["--class", OTHER_CLASS])
+    expect(f"a class that is not offered: {status}, {output}", status == 4 and f"{OTHER_CLASS}: not offered" in output)
+    status, output = run(runner, program, faulty, options=["--json", "--complete", "--class", OTHER_CLASS])
+    rules = [entry["rule"] for entry in findings(output, OTHER_CLASS)]
+    expect(f"a class that must be offered: {status}, {rules}", status == 1 and rules == ["create: the class is offered"])
 
     expect("no such file", run(runner, program, "no-such-file.qmx")[0] == 3)
     expect("no such option", run(runner, program, faulty, options=["--nonsense"])[0] == 2)
