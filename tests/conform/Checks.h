@@ -17,6 +17,7 @@ void CheckVerbs(Report& report, const TestedModule& module, const kvtest::ClassR
 void CheckAmbients(Report& report, const TestedModule& module, const kvtest::ClassRow& row);
 void CheckConnections(Report& report, const TestedModule& module, const kvtest::ClassRow& row);
 void CheckDispatch(Report& report, const TestedModule& module, const kvtest::ClassRow& row);
+void CheckInit(Report& report, const TestedModule& module, const kvtest::ClassRow& row);
 
 // The module as a whole.
 

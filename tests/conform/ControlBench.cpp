@@ -70,7 +70,15 @@ HWND ControlBench::Row() const {
 }
 
 Lines ControlBench::TakeCalls() {
-    Lines calls = kvtest::CallsOnly(m_journal, {"Site.", "Frame.", "On", "first.", "second."});
+    return TakeOnly({"Site.", "Frame.", "On", "first.", "second."});
+}
+
+Lines ControlBench::TakeObjectCalls() {
+    return TakeOnly({"Invoke "});
+}
+
+Lines ControlBench::TakeOnly(const Lines& prefixes) {
+    Lines calls = kvtest::CallsOnly(m_journal, prefixes);
     m_journal.Clear();
     return calls;
 }

@@ -37,8 +37,10 @@ public:
     }
     /// The control's window; null while it has none.
     [[nodiscard]] HWND Row() const;
-    /// The calls since the last question, in order.
+    /// The calls to site, frame and sinks since the last question, in order.
     [[nodiscard]] Lines TakeCalls();
+    /// The same of calls to the objects that the row shows.
+    [[nodiscard]] Lines TakeObjectCalls();
     /// A key of which every row tells its palette.
     void PressDown() const { ::SendMessageW(Row(), WM_KEYDOWN, VK_DOWN, 1); }
 
@@ -47,6 +49,8 @@ public:
     fw::ComPtr<IKvPiPropertyEditControl2> control;
 
 private:
+    [[nodiscard]] Lines TakeOnly(const Lines& prefixes);
+
     kvhost::Journal m_journal;
 };
 

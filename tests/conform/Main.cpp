@@ -56,8 +56,9 @@ bool Parse(const std::vector<std::wstring>& arguments, Options& options) {
 }
 
 using ClassCheck = void (*)(Report&, const TestedModule&, const kvtest::ClassRow&);
-constexpr ClassCheck c_classChecks[] = {&CheckQuickActivation, &CheckClassicActivation, &CheckVerbs,
-                                        &CheckAmbients,        &CheckConnections,       &CheckDispatch};
+constexpr ClassCheck c_classChecks[] = {
+    &CheckQuickActivation, &CheckClassicActivation, &CheckVerbs, &CheckAmbients,
+    &CheckConnections,     &CheckDispatch,          &CheckInit};
 
 void CheckClass(Report& report, TestedModule& module, const kvtest::ClassRow& row, bool mustBeOffered) {
     report.Begin(ToText(row.name));

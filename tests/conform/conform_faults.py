@@ -25,6 +25,9 @@ FAULTS = {
     "first-sink": "connections: there is no point for the first sink interface",
     "tells-twice": "events: sinks are called in the order of their connection",
     "other-color-by-id": "dispatch: BackColor put through the interface is got by id",
+    "swaps-arrays": "init: by id",
+    "swaps-value": "dispatch: SetValue of a value that varies by id",
+    "swaps-dialog": "dispatch: LaunchDialog without a flag by id",
     "keeps-module": "create: the module can be unloaded when no control lives",
 }
 CLASS = "KvPePropertyEditorText"

@@ -93,16 +93,6 @@ STDMETHODIMP FaultyRow::FindConnectionPoint(REFIID id, IConnectionPoint** result
     return CKvPeEditTempl::FindConnectionPoint(isFirst ? __uuidof(IKvPiPropertyEditEventsSink2) : id, result);
 }
 
-STDMETHODIMP FaultyRow::Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* parameters,
-                               VARIANT* result, EXCEPINFO* exception, UINT* badArgument) {
-    const HRESULT invoked =
-        CKvPeEditTempl::Invoke(id, reserved, locale, flags, parameters, result, exception, badArgument);
-    if (SUCCEEDED(invoked) && result && id == DISPID_BACKCOLOR && HasFault(L"other-color-by-id")) {
-        ++result->ulVal;
-    }
-    return invoked;
-}
-
 STDMETHODIMP FaultyRow::Close(DWORD saveOption) {
     const HRESULT closed = CKvPeEditTempl::Close(saveOption);
     if (HasFault(L"keeps-module")) {
