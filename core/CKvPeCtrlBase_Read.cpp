@@ -210,8 +210,7 @@ HRESULT CKvPeCtrlBase::ValueReader::ReadFirstDynamic(const SelectionEntry& entry
 HRESULT CKvPeCtrlBase::ValueReader::ReadFurtherObjects(int count) {
     const bool firstHadNoExpression = m_control.m_expression.IsEmpty();
     Reading reading;
-    // A host call may end the selection; the entries that are gone are not read.
-    for (int index = 1; index < count && index < m_control.EntryCount(); ++index) {
+    for (int index = 1; m_use.IsCurrent() && index < count; ++index) {
         const SelectionEntry entry = m_control.EntryAt(index);
         const DynamicForms forms(entry.IsDynamic() ? entry.dynamicProperty : nullptr);
         if (!entry.object || (entry.IsDynamic() && forms.IsMissing())) {

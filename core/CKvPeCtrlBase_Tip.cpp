@@ -38,10 +38,12 @@ LRESULT CKvPeCtrlBase::Handle_ShowTextTip(UINT, WPARAM, LPARAM, BOOL&) {
     if (bounds.Width() >= width) {
         return S_OK;
     }
-    if (!m_textTip.IsWindow()) {
-        if (!m_textTip.Create(window)) {
-            return E_FAIL;
-        }
+    const bool hasTip = m_textTip.IsWindow();
+    if (!hasTip && !m_textTip.Create(window)) {
+        return E_FAIL;
+    }
+    // The tip belongs to the palette's window and outlives that of a row which is activated anew.
+    if (!hasTip || !::IsWindow(m_textTip.GetOwner())) {
         SetTextTipOwner();
     }
     bounds.right = bounds.left + width + c_tipExtraWidth;

@@ -48,16 +48,14 @@ HRESULT CKvPeCtrlBase::SetPropertyValue(VARIANT* value, ValueType type) {
 
     m_failedObjectCount = 0;
     ValueWriter writer(*this, *value, type, DatabaseOf(CurrentHostDocument()) != nullptr);
+    const SelectionUse use(*this);
     KvDbUndoController* const groupOwner = PrePropertyChangeSetup();
     if (m_events != nullptr) {
         // The objects are written whether or not a sink listens.
         fw::Ignore(m_events->FireBeginPropertyUpdateEvent());
     }
-    {
-        const SelectionUse use(*this);
-        for (int index = 0; index < EntryCount(); ++index) {
-            writer.Write(EntryAt(index));
-        }
+    for (int index = 0; use.IsCurrent() && index < EntryCount(); ++index) {
+        writer.Write(EntryAt(index));
     }
     const HRESULT result = writer.Result();
     PostPropertyChangeRestore(result, writer.SawLockedObject(), groupOwner);
@@ -119,15 +117,17 @@ void CKvPeCtrlBase::PostPropertyChangeRestore(long result, bool sawLockedObject,
 }
 
 HRESULT CKvPeCtrlBase::TellPaletteNewValue(const VARIANT& value) {
-    RETURN_HR_IF(S_OK, !m_propertyIdentifier || kvedIsLivePreviewStarted());
+    // What is told can bring the palette to take its record back.
+    const fw::ComPtr<IKvPiPropertyIdentifier> record = m_propertyIdentifier;
+    RETURN_HR_IF(S_OK, !record || kvedIsLivePreviewStarted());
     fw::Variant copy;
     if (SUCCEEDED(copy.CopyFrom(value))) {
-        fw::Ignore(m_propertyIdentifier->PutCurrentValue(copy.Get()));  // the text is told all the same
+        fw::Ignore(record->PutCurrentValue(copy.Get()));  // the text is told all the same
     }
     CString entryText;
     RETURN_HR_IF(S_OK, m_familyRole == nullptr || !m_familyRole->GetChosenEntryText(entryText));
     const fw::Bstr text(entryText.View());
-    return m_propertyIdentifier->PutCurrentValueText(text.Get());
+    return record->PutCurrentValueText(text.Get());
 }
 
 HRESULT CKvPeCtrlBase::PreSetPropertyValue(IDispatch*, long) {

@@ -146,6 +146,7 @@ STDMETHODIMP CKvPeShell::GetControlInfo(CONTROLINFO* info) {
 }
 
 STDMETHODIMP CKvPeShell::OnAmbientPropertyChange(DISPID id) {
+    const fw::ComPtr<IUnknown> self(GetUnknown());  // a container that is asked may let the control go
     return fw::Guarded([&] {
         const bool all = id == DISPID_UNKNOWN;
         if (all || id == DISPID_FONT) {

@@ -26,6 +26,11 @@ bool CPropTextTooltip::Create(HWND over) {
         return false;
     }
     ::SetWindowLongPtrW(m_hWnd, GWLP_USERDATA, KVPE_TEXT_TIP_MARK);
+    // The window before may have gone with the palette's while it was shown.
+    m_rectangle = CRect();
+    m_timer = 0;
+    m_shown = false;
+    m_needsPaint = false;
     return true;
 }
 
@@ -148,7 +153,8 @@ LRESULT CPropTextTooltip::OnTimer(UINT, WPARAM wParam, LPARAM, BOOL& handled) {
     CPoint cursor;
     ::GetCursorPos(&cursor);
     ScreenToClient(&cursor);
-    if (!m_rectangle.Contains(cursor)) {
+    const bool ownerIsGone = m_owner && !::IsWindow(m_owner);
+    if (ownerIsGone || !m_rectangle.Contains(cursor)) {
         HideTextTooltip();
         Invalidate();
         return 0;

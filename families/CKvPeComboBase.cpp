@@ -43,7 +43,21 @@ void CKvPeComboBase::DropChildren() {
     EndWindow(button.get());
 }
 
+void CKvPeComboBase::ForgetEndedWindows() {
+    if (m_pList && !HasList()) {
+        m_pList.reset();
+        m_childWindow = nullptr;
+        if (IsInEdit()) {
+            m_state = EditState_Shown;
+        }
+    }
+    if (m_pButton && !HasButton()) {
+        m_pButton.reset();
+    }
+}
+
 void CKvPeComboBase::KeepList(std::unique_ptr<CLzUiComboBox> list, CPeBaseComboBox* mixin) {
+    ForgetEndedWindows();
     mixin->SetOwner(this);
     m_pList = std::move(list);
     m_childWindow = m_pList.get();
@@ -137,6 +151,7 @@ void CKvPeComboBase::FocusList() {
 // CKvPeFamilyRole
 
 void CKvPeComboBase::PresetNumber(int number) {
+    ForgetEndedWindows();
     if (!m_pList && SUCCEEDED(CreateComboWindow(CRect())) && m_pList) {
         fw::Ignore(FillList());  // a list without entries takes no choice
     }
@@ -146,6 +161,7 @@ void CKvPeComboBase::PresetNumber(int number) {
 }
 
 void CKvPeComboBase::PresetText(const CString& text) {
+    ForgetEndedWindows();
     if (!m_pList && SUCCEEDED(CreateComboWindow(CRect())) && m_pList) {
         fw::Ignore(FillList());  // as above
     }

@@ -130,6 +130,8 @@ private:
     [[nodiscard]] bool IsInEdit() const;
     [[nodiscard]] bool HasButton() const { return m_pButton && m_pButton->IsWindow(); }
     void DropChildren();
+    /// Lets go of children whose windows went with the container's, and with them of the edit that ran there.
+    void ForgetEndedWindows();
 
     // Steps of BeginEdit
     [[nodiscard]] HRESULT PrepareLauncher(int rowHeight);

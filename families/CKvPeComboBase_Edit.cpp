@@ -4,6 +4,7 @@
 #include "core/EditState.h"
 #include "core/HostDocument.h"
 #include "families/CKvPeComboBase.h"
+#include "framework/com/Guarded.h"
 #include "framework/window/RedrawPause.h"
 
 namespace {
@@ -17,6 +18,7 @@ constexpr LONG c_frame = 2;
 
 HRESULT CKvPeComboBase::BeginEdit(const RECT& bounds) {
     RETURN_HR_IF(E_FAIL, m_bNeedsActiveDatabase && !IsCurrentDocumentActive());
+    ForgetEndedWindows();
     if (IsReadOnlyRow()) {
         if (HasList()) {
             m_pList->ShowWindow(SW_HIDE);
@@ -137,9 +139,13 @@ void CKvPeComboBase::TakeChoiceBack(int choice) {
 HRESULT CKvPeComboBase::Commit(int choice) {
     m_state = EditState_Committing;
     m_pList->SetRedraw(FALSE);
-    const HRESULT written = SetSelectedItem(choice);
+    // What the host throws is a refusal like any other.
+    const HRESULT written = fw::Guarded([&] { return SetSelectedItem(choice); });
     RETURN_HR_IF(E_FAIL, !HasList());  // the write can bring the palette to let the row go
-    TakeWrittenItem(choice, written);
+    fw::Ignore(fw::Guarded([&] {
+        TakeWrittenItem(choice, written);
+        return S_OK;
+    }));
     RETURN_HR_IF(E_FAIL, !HasList());
     m_pList->SetCurSel(m_nCurItem);
     m_pList->SetRedraw(TRUE);

@@ -31,6 +31,11 @@ void CKvPeEditBase::KeepEdit(std::unique_ptr<CEditEx> edit) {
     DropEdit();
     m_edit = std::move(edit);
     m_childWindow = m_edit.get();
+    // The edit that ran in another box has gone with it, as with the container's window. In the new one
+    // nothing was entered that could be committed.
+    if (IsInEdit()) {
+        m_state = EditState_Shown;
+    }
 }
 
 void CKvPeEditBase::DropEdit() {

@@ -1,5 +1,6 @@
 #include "core/EditState.h"
 #include "families/CKvPeEditBase.h"
+#include "framework/com/Guarded.h"
 #include "framework/com/Variant.h"
 
 HRESULT CKvPeEditBase::EndEdit() {
@@ -24,7 +25,10 @@ ValueType CKvPeEditBase::TypeOfEnteredText() const {
 void CKvPeEditBase::Commit(const CString& formerText) {
     fw::Variant value = fw::Variant::FromString(m_text.View());
     m_state = EditState_Committing;
-    if (FAILED(SetPropertyValue(value.Address(), TypeOfEnteredText()))) {
+    // What the host throws is a refusal like any other: the row stays in edit, with its former text.
+    const HRESULT written =
+        fw::Guarded([&] { return SetPropertyValue(value.Address(), TypeOfEnteredText()); });
+    if (FAILED(written)) {
         m_text = formerText;
         if (HasEditWindow()) {
             m_edit->SetWindowText(m_text);
@@ -32,7 +36,8 @@ void CKvPeEditBase::Commit(const CString& formerText) {
         ::UpdateWindow(ControlWindow());
     } else {
         m_changeNotified = TRUE;
-        fw::Ignore(Handle_Refresh());  // a failed read leaves the text that was entered
+        fw::Ignore(
+            fw::Guarded([&] { return Handle_Refresh(); }));  // a failed read leaves the text that was entered
     }
     SetTextTipOwner();
     // The palette may have taken the row out of edit meanwhile.

@@ -12,7 +12,7 @@ constexpr DWORD c_maskedStyle = WS_CHILD | WS_TABSTOP | ES_PASSWORD | ES_AUTOHSC
 }  // namespace
 
 bool CPropertyEditorPwdText::HasMaskedWindow() const {
-    return HasEditWindow() && m_edit.get() == static_cast<CEditEx*>(m_maskedEdit);
+    return HasEditWindow() && dynamic_cast<const CPWEdit*>(m_edit.get()) != nullptr;
 }
 
 HRESULT CPropertyEditorPwdText::CreateMaskedWindow() {
@@ -22,7 +22,6 @@ HRESULT CPropertyEditorPwdText::CreateMaskedWindow() {
     RETURN_HR_IF(E_FAIL, !edit->Create(c_maskedStyle, RowClientRect(), window, KVPE_ID_PASSWORD_EDIT));
     edit->SetFont(FontHandle());
     edit->SetWindowText(m_text);
-    m_maskedEdit = edit.get();
     KeepEdit(std::move(edit));
     return S_OK;
 }
@@ -61,7 +60,9 @@ HRESULT CPropertyEditorPwdText::Handle_OnDraw(ATL_DRAWINFO& info) {
 HRESULT CPropertyEditorPwdText::BeginEdit(const RECT& bounds) {
     if (!IsReadOnlyRow() && !HasMaskedWindow()) {
         // The first paint makes the box. Without it the family would open a box that shows the value.
-        ::RedrawWindow(ControlWindow(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+        const HWND window = ControlWindow();
+        RETURN_HR_IF(E_FAIL, !window);
+        ::RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
         RETURN_HR_IF(E_FAIL, !HasMaskedWindow());
     }
     return CKvPeEditBase::BeginEdit(bounds);

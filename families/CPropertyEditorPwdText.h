@@ -2,8 +2,6 @@
 
 #include "families/CKvPeEditBase.h"
 
-class CPWEdit;
-
 /// A text row whose value is masked. Its edit box lies over the row all the time, so that nothing paints the
 /// value; only a read-only value is shown in plain.
 class CPropertyEditorPwdText : public CKvPeEditBase {
@@ -19,6 +17,4 @@ private:
     [[nodiscard]] bool HasMaskedWindow() const;
     [[nodiscard]] HRESULT CreateMaskedWindow();
     void KeepMaskedWindowInStep();
-
-    CPWEdit* m_maskedEdit = nullptr;  // m_edit, where that is the masked box
 };

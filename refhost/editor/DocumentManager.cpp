@@ -13,7 +13,9 @@ namespace kvhost {
 DocumentManager::DocumentManager() = default;
 
 DocumentManager::~DocumentManager() {
-    CloseAll();
+    while (!m_documents.empty()) {
+        Remove(*m_documents.back());
+    }
 }
 
 KvApDocument* DocumentManager::curDocument() const {
@@ -67,8 +69,8 @@ bool DocumentManager::Close(Document* document) {
 }
 
 void DocumentManager::CloseAll() {
-    while (!m_documents.empty()) {
-        Remove(*m_documents.back());
+    for (Document* const document : Documents()) {
+        Close(document);
     }
 }
 

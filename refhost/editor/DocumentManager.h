@@ -31,6 +31,7 @@ public:
     /// Closes without saving. The last of the others becomes current. False while an undo group is open in
     /// the drawing, which then stays: who began the group still holds its controller.
     bool Close(Document* document);
+    /// Close for each; those that it leaves open stay.
     void CloseAll();
 
 private:

@@ -22,6 +22,11 @@ fw::ComPtr<FakeSite> FakeSite::Make(HWND parent, const RECT& place) {
     return new FakeSite(parent, place);
 }
 
+void FakeSite::MoveTo(HWND parent) {
+    m_parent = parent;
+    m_frame = FakeFrame::Make(::GetAncestor(parent, GA_ROOT));
+}
+
 long FakeSite::LiveCount() {
     return s_live;
 }

@@ -18,6 +18,8 @@ public:
     /// The control is to lie in `parent` at `place`, in its client coordinates.
     static fw::ComPtr<FakeSite> Make(HWND parent, const RECT& place);
     static long LiveCount();
+    /// The container shows the control in another of its windows from the next activation on.
+    void MoveTo(HWND parent);
 
     /// Ambient properties; one that is not here gives DISP_E_MEMBERNOTFOUND.
     std::map<DISPID, fw::Variant> ambients;

@@ -58,6 +58,7 @@ TEST_F(RowLifetime, LetGoWhenTheUpdateBegins_WriteIsFinished) {
     kvtest::TypeText(L"beta");
     kvtest::PressKey(VK_RETURN);
     ExpectGone();
+    EXPECT_EQ(fw::Variant::ViewString(objects[0]->At(c_property).Get()), L"beta");
 }
 
 TEST_F(RowLifetime, LetGoWhenTheUpdateEnds_RowEndsAfterTheMessage) {

@@ -97,4 +97,18 @@ TEST_F(RowTip, RowIsDiscarded_TipGoesWithIt) {
     EXPECT_EQ(Tip(), nullptr);
 }
 
+TEST_F(RowTip, RowActivatedAnew_TipLiesOverIt) {
+    CreateTextRow({c_longText});
+    GiveFont();
+    ShowTip();
+    kvtest::MovePointerTo(elsewhere, {5, 5});
+    EXPECT_TRUE(kvtest::PumpUntil([] { return !IsShown(); }));
+    EXPECT_EQ(As<IOleInPlaceObject>()->InPlaceDeactivate(), S_OK);
+    EXPECT_EQ(DoVerb(OLEIVERB_INPLACEACTIVATE), S_OK);
+    ShowTip();
+    CRect row;
+    ::GetWindowRect(Row(), &row);
+    EXPECT_EQ(TipPlace().TopLeft(), row.TopLeft());
+}
+
 }  // namespace

@@ -121,4 +121,32 @@ TEST_F(CKvPeCtrlBase_Tip, EndEdit_PointsTheTipToTheControlAnew) {
     EXPECT_EQ(row.m_textTip.GetOwnerParent(), nullptr);
 }
 
+TEST_F(CKvPeCtrlBase_Tip, WindowMadeAnew_TipBelongsToIt) {
+    row.width = 150;
+    EXPECT_EQ(Move(), S_OK);
+    row.m_textTip.HideTextTooltip();
+    window.DestroyWindow();
+    window.Create(s_windowClass, L"", WS_CHILD | WS_VISIBLE, {30, 50, 110, 70}, parent);
+    shell.window = window;
+    EXPECT_EQ(Move(), S_OK);
+    EXPECT_TRUE(row.m_textTip.IsShown());
+    EXPECT_EQ(row.m_textTip.GetOwner(), window.m_hWnd);
+    EXPECT_EQ(row.m_textTip.GetWindowRect().TopLeft(), window.GetWindowRect().TopLeft());
+}
+
+TEST_F(CKvPeCtrlBase_Tip, ShownTipGoesWithThePalette_NextTipIsShown) {
+    row.width = 150;
+    EXPECT_EQ(Move(), S_OK);
+    ASSERT_TRUE(row.m_textTip.IsShown());
+    parent.DestroyWindow();
+    EXPECT_FALSE(row.m_textTip.IsWindow());
+    parent.Create(s_windowClass, L"", WS_POPUP | WS_VISIBLE, {100, 100, 300, 200}, nullptr);
+    window.Create(s_windowClass, L"", WS_CHILD | WS_VISIBLE, {10, 10, 90, 30}, parent);
+    shell.window = window;
+    EXPECT_EQ(Move(), S_OK);
+    ASSERT_TRUE(row.m_textTip.IsWindow());
+    EXPECT_EQ(row.m_textTip.GetWindowRect(), CRect(110, 110, 110 + 150 + 5, 110 + 20 + 2));
+    EXPECT_TRUE(kvtest::PumpUntil([this] { return row.m_textTip.IsWindowVisible() != FALSE; }));
+}
+
 }  // namespace

@@ -465,4 +465,61 @@ TEST_F(CKvPeCtrlBase_Write, SelectionsOfEverySizeAndKind_AreWrittenInOneGroup) {
     }
 }
 
+TEST_F(CKvPeCtrlBase_Write, PaletteTakesItsRecordBackWhileTold_RecordHearsTheText) {
+    GiveIdentifier();
+    role.hasChoice = true;
+    control.SetFamilyRole(&role);
+    identifier->onValue = [&] { EXPECT_EQ(control.Handle_PutPropertyIdentifier(nullptr), S_OK); };
+    Select(SelectionArrays().Add(&MakeObject(L"A")));
+    EXPECT_EQ(WriteText(L"new"), S_OK);
+    EXPECT_CALLS(kvtest::CallsOnly(journal, {"PutCurrent"}), "PutCurrentValue \"new\"",
+                 "PutCurrentValueText entry");
+    identifier->onValue = nullptr;
+    identifier->Release();  // another put leaves the reference
+}
+
+TEST_F(CKvPeCtrlBase_Write, AnotherSelectionComesMeanwhile_IsNotWritten) {
+    const SelectionArrays other = SelectionArrays().Add(&MakeObject(L"X")).Add(&MakeObject(L"Y"));
+    const auto selectOther = [&] { EXPECT_EQ(other.Init(control), S_OK); };
+
+    Select(SelectionArrays().Add(&MakeObject(L"A")).Add(&MakeObject(L"B")));
+    objects[2]->script.onCall = [&](const std::wstring&) { selectOther(); };
+    EXPECT_EQ(WriteText(L"new"), S_OK);
+    objects[2]->script.onCall = nullptr;
+    EXPECT_EQ(objects[2]->At(c_property).puts.size(), 1U);
+    EXPECT_TRUE(objects[0]->At(c_property).puts.empty());
+    EXPECT_TRUE(objects[1]->At(c_property).puts.empty());
+    EXPECT_EQ(Drawing().Undo().OpenGroups(), 0);
+    EXPECT_EQ(control.Cleanup(), S_OK);
+
+    Select(SelectionArrays().Add(&MakeObject(L"C")));
+    shell.onEvent = [&](const std::wstring& event) {
+        if (event == L"OnBeginPropertyUpdate") {
+            selectOther();
+        }
+    };
+    fw::Ignore(WriteText(L"new"));
+    EXPECT_TRUE(objects[0]->At(c_property).puts.empty());
+    EXPECT_EQ(control.Cleanup(), S_OK);
+    // A second selection releases no former one.
+    for (std::size_t former = 2; former < objects.size(); ++former) {
+        objects[former]->Release();
+    }
+}
+
+TEST_F(CKvPeCtrlBase_Write, HostClosesAllDuringWrite_GroupIsEndedInItsDrawing) {
+    Select(SelectionArrays().Add(&MakeObject(L"A")));
+    shell.onEvent = [&](const std::wstring& event) {
+        if (event == L"OnBeginPropertyUpdate") {
+            host->Documents().CloseAll();
+        }
+    };
+    EXPECT_EQ(WriteText(L"new"), S_OK);
+    EXPECT_EQ(Drawing().Undo().OpenGroups(), 0);
+    EXPECT_EQ(Drawing().Undo().UndoCount(), 0) << "a scripted object is no part of the drawing";
+    host->Documents().CloseAll();
+    EXPECT_TRUE(host->Documents().Documents().empty()) << "now that no group is open";
+    document = nullptr;
+}
+
 }  // namespace

@@ -462,4 +462,25 @@ TEST_F(CKvPeShell_Button, LaunchDialog_BothFlags_PressesTheFirstButton) {
     EXPECT_CALLS(LogicCalls(), "CustomButton 0", "LaunchDialog row");
 }
 
+TEST_F(CKvPeShell_Logic, AmbientSystemColourAsAnUnsignedNumber_IsTaken) {
+    fw::Variant given;
+    VARIANT* const raw = given.Put();
+    raw->vt = VT_UI4;
+    raw->ulVal = 0x8000000F;
+    site->ambients[DISPID_AMBIENT_BACKCOLOR] = given;
+    site->ambients[DISPID_AMBIENT_FORECOLOR] = given;
+    site->ambients[-2000] = given;
+    site->ambients[-2001] = given;
+    Activate();
+    OLE_COLOR color = 0;
+    EXPECT_EQ(shell->get_BackColor(&color), S_OK);
+    EXPECT_EQ(color, 0x8000000FU);
+    EXPECT_EQ(shell->get_ForeColor(&color), S_OK);
+    EXPECT_EQ(color, 0x8000000FU);
+    EXPECT_EQ(shell->get_ReadOnlyBackColor(&color), S_OK);
+    EXPECT_EQ(color, 0x8000000FU);
+    EXPECT_EQ(shell->get_ReadOnlyForeColor(&color), S_OK);
+    EXPECT_EQ(color, 0x8000000FU);
+}
+
 }  // namespace

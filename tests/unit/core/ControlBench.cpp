@@ -50,6 +50,9 @@ STDMETHODIMP FakeIdentifier::PutCurrentValue(VARIANT value) {
     if (throws) {
         throw 1;
     }
+    if (onValue) {
+        onValue();
+    }
     return result;
 }
 

@@ -120,6 +120,7 @@ public:
     [[nodiscard]] ULONG References() const { return m_references; }
     HRESULT result = S_OK;
     bool throws = false;
+    std::function<void()> onValue;  // while it is told
 
     STDMETHODIMP QueryInterface(REFIID id, void** object) override;
     STDMETHODIMP_(ULONG) AddRef() override { return ++m_references; }

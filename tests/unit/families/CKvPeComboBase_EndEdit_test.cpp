@@ -93,6 +93,18 @@ TEST_F(ListEndEdit, WriteFails_ObjectsKeepTheirValue_FormerChoiceIsBack) {
     EXPECT_EQ(Row().m_strText, L"alpha");
 }
 
+TEST_F(ListEndEdit, WriteThrows_FormerChoiceIsBackAndTheNextIsWritten) {
+    Row().script.onWrite = [](int) { throw 1; };
+    Choose(2);
+    EXPECT_EQ(Row().EndEdit(), S_OK);
+    EXPECT_EQ(List().GetCurSel(), 0);
+    Row().script.onWrite = nullptr;
+    Choose(1);
+    EXPECT_EQ(Row().EndEdit(), S_OK);
+    EXPECT_EQ(Row().script.current, 1);
+    EXPECT_EQ(Row().m_strText, L"beta");
+}
+
 TEST_F(ListEndEdit, WriteFails_ObjectsHaveAnotherValue_ListIsFilledAnewAndShowsIt) {
     Row().script.writeResult = E_FAIL;
     Row().script.onWrite = [this](int) { Row().script.current = 1; };

@@ -158,4 +158,18 @@ TEST_F(EditRowCommit, ChooseText_OpensWritesAndStaysInEdit) {
     EXPECT_EQ(row->m_state, EditState_InEdit);
 }
 
+TEST_F(EditRowCommit, WriteThrows_FormerTextComesBackAndTheNextIsWritten) {
+    Open();
+    Type(L"beta");
+    row->script.onWrite = [] { throw 1; };
+    Focus(frame);
+    EXPECT_EQ(row->m_state, EditState_InEdit);
+    EXPECT_EQ(Edit().GetWindowText(), L"alpha");
+    row->script.onWrite = nullptr;
+    journal.Clear();
+    Type(L"gamma");
+    EXPECT_EQ(row->EndEdit(), S_OK);
+    EXPECT_CALLS(journal, "write 0 gamma", "read");
+}
+
 }  // namespace

@@ -302,4 +302,18 @@ TEST_F(EditRowEdit, KeepFocus_OnlyAfterTheUserHasBegun) {
     EXPECT_EQ(keeps, VARIANT_FALSE);
 }
 
+TEST_F(EditRowEdit, BeginEdit_WindowWasDestroyedAmidAnEdit_BoxShowsTheText) {
+    Open();
+    window.DestroyWindow();
+    window.Create(s_windowClass, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, c_rowRect, frame);
+    shell.window = window.m_hWnd;
+    kvtest::PumpWaiting();
+    journal.Clear();
+    EXPECT_EQ(row->BeginEdit(c_clientRect), S_OK);
+    EXPECT_EQ(Edit().GetWindowText(), L"alpha");
+    EXPECT_TRUE(Edit().IsWindowVisible());
+    fw::Ignore(row->Handle_UIDeactivate());
+    EXPECT_NO_CALLS(journal);
+}
+
 }  // namespace

@@ -166,4 +166,19 @@ TEST_F(PasswordRow, SetCursor_BeamOnlyAfterAClickInAWritableBox) {
     EXPECT_EQ(CursorAt(HTCLIENT), arrow);
 }
 
+TEST_F(PasswordRow, PresetBoxes_AreNeverTakenForTheMaskedOne) {
+    for (int round = 0; round < 40; ++round) {
+        Open();
+        for (int i = 0; i < 2; ++i) {
+            fw::Ignore(row->Handle_UIDeactivate());
+            window.DestroyWindow();
+            window.Create(s_windowClass, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, c_rowRect, frame);
+            shell.window = window.m_hWnd;
+            row->PresetText(L"preset");
+        }
+        EXPECT_EQ(row->BeginEdit(c_clientRect), S_OK);
+        ASSERT_EQ(Edit().GetDlgCtrlID(), 1049) << round;
+    }
+}
+
 }  // namespace
