@@ -1,5 +1,6 @@
-// kvpexctl-register [/u]: registers the module beside this program for the current user, or takes everything
-// that was registered out again.
+// kvpexctl-register [/u] [MODULE]: registers a module with the classes of the class table for the current
+// user, or takes everything that was registered out again. Without a path it is the module beside this
+// program.
 
 #include <array>
 #include <cstdio>
@@ -23,9 +24,17 @@ const std::array s_classes{
 
 #undef KVPE_CLASS
 
-std::wstring PathOfModule() {
+std::wstring PathBesideProgram() {
     const std::wstring program = fw::ModulePath(nullptr);
     return program.substr(0, program.find_last_of(L'\\') + 1) + L"KvPEXCtl.qmx";
+}
+
+// Empty when there is no such file: an attempt to register it would take out the registration that stands.
+std::wstring PathOf(const wchar_t* module) {
+    wchar_t path[1024]{};
+    const DWORD length = ::GetFullPathNameW(module, 1024, path, nullptr);
+    const bool isThere = length > 0 && length < 1024 && ::GetFileAttributesW(path) != INVALID_FILE_ATTRIBUTES;
+    return isThere ? path : std::wstring();
 }
 
 int Report(HRESULT result, const char* work) {
@@ -40,13 +49,20 @@ int Report(HRESULT result, const char* work) {
 }  // namespace
 
 int wmain(int argumentCount, wchar_t** arguments) {
-    const fw::ModuleRegistration registration{PathOfModule(), s_classes};
-    if (argumentCount == 1) {
-        return Report(fw::RegisterModule(registration), "Registering KvPEXCtl");
+    const bool isRemoval = argumentCount > 1 && std::wstring_view(arguments[1]) == L"/u";
+    const int modulePlace = isRemoval ? 2 : 1;
+    if (argumentCount > modulePlace + 1 ||
+        (argumentCount > modulePlace && arguments[modulePlace][0] == L'/')) {
+        std::fputs("usage: kvpexctl-register [/u] [MODULE]\n", stderr);
+        return 2;
     }
-    if (argumentCount == 2 && std::wstring_view(arguments[1]) == L"/u") {
-        return Report(fw::UnregisterModule(registration), "Unregistering KvPEXCtl");
+    const std::wstring path =
+        argumentCount > modulePlace ? PathOf(arguments[modulePlace]) : PathBesideProgram();
+    if (path.empty()) {
+        std::fputs("kvpexctl-register: there is no such module\n", stderr);
+        return 1;
     }
-    std::fputs("usage: kvpexctl-register [/u]\n", stderr);
-    return 2;
+    const fw::ModuleRegistration registration{path, s_classes};
+    return isRemoval ? Report(fw::UnregisterModule(registration), "Unregistering KvPEXCtl")
+                     : Report(fw::RegisterModule(registration), "Registering KvPEXCtl");
 }

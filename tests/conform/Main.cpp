@@ -9,6 +9,7 @@
 #include "refhost/editor/HostSession.h"
 #include "refhost/rx/Modules.h"
 #include "tests/conform/Checks.h"
+#include "tests/control/support/RegisterProgram.h"
 
 namespace kvconform {
 namespace {
@@ -20,7 +21,8 @@ constexpr char c_usage[] =
     "Checks each class that the module offers, and the module itself.\n"
     "  MODULE          path of the module; without it, the one that is registered\n"
     "  --json          the report as JSON\n"
-    "  --registration  also register the module for the current user and take it out again\n"
+    "  --registration  also register the module for the current user and take it out again, by the\n"
+    "                  kvpexctl-register beside this program\n"
     "  --complete      a class of the class table that is ready must be offered\n"
     "  --class NAME    this class alone, and nothing of the module itself\n"
     "Exit status: 0 every rule holds, 1 one is broken, 2 bad usage, 3 the module cannot be loaded, 4 no rule "
@@ -142,10 +144,19 @@ ExitStatus Run(const Options& options) {
                                       : ExitStatus::Conforms;
 }
 
+bool HasRegisterProgram() {
+    return ::GetFileAttributesW(kvtest::RegisterProgramPath().c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
 ExitStatus Start(const std::vector<std::wstring>& arguments) {
     Options options;
     if (!Parse(arguments, options)) {
         std::fputs(c_usage, stderr);
+        return ExitStatus::BadUsage;
+    }
+    if (options.registration && !HasRegisterProgram()) {
+        std::fputs("kvpexctl-conform: --registration needs kvpexctl-register.exe beside this program\n",
+                   stderr);
         return ExitStatus::BadUsage;
     }
     if (FAILED(::OleInitialize(nullptr))) {

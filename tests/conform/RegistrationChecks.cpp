@@ -1,8 +1,7 @@
 // The two ways in which clients find the classes: registered for the user, and by the manifest alone.
 
-#include <set>
-
 #include "tests/conform/Checks.h"
+#include "tests/conform/UserClasses.h"
 #include "tests/control/support/RegisterProgram.h"
 
 namespace kvconform {
@@ -55,43 +54,6 @@ std::wstring UserText(const std::wstring& path, const wchar_t* name = nullptr) {
     return read == ERROR_SUCCESS ? text : std::wstring();
 }
 
-void AddKeys(HKEY parent, const std::wstring& path, std::set<std::wstring>& keys) {
-    wchar_t name[256]{};
-    DWORD length = 256;
-    for (DWORD index = 0;
-         ::RegEnumKeyExW(parent, index, name, &length, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
-         ++index, length = 256) {
-        const std::wstring child = path + L'\\' + name;
-        keys.insert(child);
-        HKEY opened = nullptr;
-        if (::RegOpenKeyExW(parent, name, 0, KEY_READ, &opened) == ERROR_SUCCESS) {
-            AddKeys(opened, child, keys);
-            ::RegCloseKey(opened);
-        }
-    }
-}
-
-/// Every key under the user's classes.
-std::set<std::wstring> UserKeys() {
-    std::set<std::wstring> keys;
-    HKEY root = nullptr;
-    if (::RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\Classes", 0, KEY_READ, &root) == ERROR_SUCCESS) {
-        AddKeys(root, L"", keys);
-        ::RegCloseKey(root);
-    }
-    return keys;
-}
-
-Lines Difference(const std::set<std::wstring>& from, const std::set<std::wstring>& taken) {
-    Lines left;
-    for (const std::wstring& key : from) {
-        if (!taken.contains(key)) {
-            left.push_back(ToText(key));
-        }
-    }
-    return left;
-}
-
 void CheckRegisteredClass(Report& report, const TestedModule& module, const kvtest::ClassRow& row) {
     const std::string rule = "registered: " + ToText(row.name);
     CLSID id{};
@@ -116,8 +78,12 @@ void CheckCreated(Report& report, const TestedModule& module, const kvtest::Clas
         ::CoCreateInstance(*row.id, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, created.PutVoid()));
 }
 
-DWORD RunRegister(const TestedModule& module, const wchar_t* arguments) {
-    return kvtest::RunProgram(L"\"" + module.Folder() + L"kvpexctl-register.exe\"" + arguments);
+DWORD Register(const TestedModule& module) {
+    return kvtest::RunRegister(L" \"" + module.Path() + L"\"");
+}
+
+DWORD Remove(const TestedModule& module) {
+    return kvtest::RunRegister(L" /u \"" + module.Path() + L"\"");
 }
 
 }  // namespace
@@ -147,24 +113,22 @@ void CheckRegisteredClasses(Report& report, const TestedModule& module) {
 }
 
 void CheckRegistration(Report& report, const TestedModule& module) {
-    const std::set<std::wstring> before = UserKeys();
+    const UserClasses before;
     if (!report.Expect("registered: the classes are not registered yet", std::wstring(),
                        UserText(L"CLSID\\" + TextOf(*kvtest::s_classRows[0].id) + L"\\InprocServer32"))) {
         return;
     }
-    if (report.Expect("registered: the register program registers the module", DWORD{0},
-                      RunRegister(module, L""))) {
+    if (report.Expect("registered: the register program registers the module", DWORD{0}, Register(module))) {
         CheckRegisteredClasses(report, module);
-        const std::set<std::wstring> once = UserKeys();
-        report.Expect("registered: a second time succeeds", DWORD{0}, RunRegister(module, L""));
-        report.Expect("registered: a second time adds nothing", Lines{}, Difference(UserKeys(), once));
+        const UserClasses once;
+        report.Expect("registered: a second time succeeds", DWORD{0}, Register(module));
+        report.Expect("registered: a second time adds nothing", Lines{}, UserClasses().Without(once));
     }
-    report.Expect("removed: the register program takes the module out", DWORD{0},
-                  RunRegister(module, L" /u"));
-    const std::set<std::wstring> after = UserKeys();
-    report.Expect("removed: keys that are left", Lines{}, Difference(after, before));
-    report.Expect("removed: keys of others that have gone", Lines{}, Difference(before, after));
-    report.Expect("removed: a second time succeeds", DWORD{0}, RunRegister(module, L" /u"));
+    report.Expect("removed: the register program takes the module out", DWORD{0}, Remove(module));
+    const UserClasses after;
+    report.Expect("removed: entries that are left", Lines{}, after.Without(before));
+    report.Expect("removed: entries of others that have gone", Lines{}, before.Without(after));
+    report.Expect("removed: a second time succeeds", DWORD{0}, Remove(module));
 }
 
 }  // namespace kvconform

@@ -5,6 +5,7 @@
 #include "framework/com/CComObject.h"
 #include "framework/window/WindowClass.h"
 #include "tests/conform/faulty/FaultyRow.h"
+#include "tests/conform/faulty/LeftEntries.h"
 
 namespace {
 
@@ -33,5 +34,6 @@ STDAPI DllCanUnloadNow() {
 }
 
 STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** result) {
+    LeaveEntries();
     return s_module.GetClassObject(classId, id, result);
 }

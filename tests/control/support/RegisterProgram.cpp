@@ -31,10 +31,13 @@ DWORD RunProgram(std::wstring commandLine) {
     return exitCode;
 }
 
-DWORD RunRegister(const wchar_t* arguments) {
+std::wstring RegisterProgramPath() {
     const std::wstring program = fw::ModulePath(nullptr);
-    const std::wstring folder = program.substr(0, program.find_last_of(L'\\') + 1);
-    return RunProgram(L"\"" + folder + L"kvpexctl-register.exe\"" + arguments);
+    return program.substr(0, program.find_last_of(L'\\') + 1) + L"kvpexctl-register.exe";
+}
+
+DWORD RunRegister(const std::wstring& arguments) {
+    return RunProgram(L"\"" + RegisterProgramPath() + L"\"" + arguments);
 }
 
 }  // namespace kvtest

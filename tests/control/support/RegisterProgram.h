@@ -10,7 +10,10 @@ namespace kvtest {
 /// cannot be started or does not end within a minute.
 [[nodiscard]] DWORD RunProgram(std::wstring commandLine);
 
-/// Runs the register program beside the test program: it writes to the classes of the current user.
-[[nodiscard]] DWORD RunRegister(const wchar_t* arguments);
+/// The register program beside the running one, whether it is there or not.
+[[nodiscard]] std::wstring RegisterProgramPath();
+
+/// Runs it, with the arguments behind a blank: it writes to the classes of the current user.
+[[nodiscard]] DWORD RunRegister(const std::wstring& arguments);
 
 }  // namespace kvtest
