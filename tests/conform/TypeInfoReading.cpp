@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "framework/com/Bstr.h"
-#include "framework/com/ComPtr.h"
+#include "tests/conform/TypeText.h"
 
 namespace kvconform {
 namespace {
@@ -33,10 +33,6 @@ WORD MajorVersionOf(ITypeInfo& info) {
     return attributes ? attributes->wMajorVerNum : WORD{0};
 }
 
-bool IsOfTheBases(DISPID id) {
-    return id >= c_firstOfTheBases && id < c_endOfTheBases;
-}
-
 std::wstring NameOf(ITypeInfo& info, MEMBERID member) {
     fw::Bstr name;
     static_cast<void>(info.GetDocumentation(member, name.Put(), nullptr, nullptr, nullptr));
@@ -49,6 +45,34 @@ std::wstring DescriptionOf(ITypeInfo& info) {
     return std::wstring(description.View());
 }
 
+bool IsDual(ITypeInfo& info) {
+    const auto attributes = AttributesOf(info);
+    return attributes && (attributes->wTypeFlags & TYPEFLAG_FDUAL) != 0;
+}
+
+fw::ComPtr<ITypeInfo> TableFaceOf(ITypeInfo& info) {
+    constexpr UINT otherFace = ~0U;
+    const auto attributes = AttributesOf(info);
+    HREFTYPE reference = 0;
+    fw::ComPtr<ITypeInfo> face;
+    if (attributes && attributes->typekind == TKIND_DISPATCH &&
+        (FAILED(info.GetRefTypeOfImplType(otherFace, &reference)) ||
+         FAILED(info.GetRefTypeInfo(reference, face.Put())))) {
+        return nullptr;
+    }
+    return face ? face : fw::ComPtr<ITypeInfo>(&info);
+}
+
+fw::ComPtr<ITypeInfo> BaseOf(ITypeInfo& info) {
+    HREFTYPE reference = 0;
+    fw::ComPtr<ITypeInfo> base;
+    const auto attributes = AttributesOf(info);
+    const bool isDerived = attributes && attributes->cImplTypes > 0 &&
+                           SUCCEEDED(info.GetRefTypeOfImplType(0, &reference)) &&
+                           SUCCEEDED(info.GetRefTypeInfo(reference, base.Put()));
+    return isDerived ? base : nullptr;
+}
+
 std::vector<DescribedFunction> FunctionsOf(ITypeInfo& info) {
     std::vector<DescribedFunction> functions;
     const auto attributes = AttributesOf(info);
@@ -57,7 +81,8 @@ std::vector<DescribedFunction> FunctionsOf(ITypeInfo& info) {
         if (FAILED(info.GetFuncDesc(index, &function))) {
             continue;
         }
-        functions.push_back({NameOf(info, function->memid), function->memid, function->invkind});
+        functions.push_back({NameOf(info, function->memid), function->memid, function->invkind,
+                             function->oVft / static_cast<int>(sizeof(void*)), SignatureOf(info, *function)});
         info.ReleaseFuncDesc(function);
     }
     return functions;
@@ -65,12 +90,8 @@ std::vector<DescribedFunction> FunctionsOf(ITypeInfo& info) {
 
 std::vector<DescribedFunction> DispatchFunctionsOf(ITypeInfo& info) {
     std::vector<DescribedFunction> functions;
-    const auto attributes = AttributesOf(info);
     // The interface's other face, or its base: their functions come first.
-    HREFTYPE reference = 0;
-    fw::ComPtr<ITypeInfo> base;
-    if (attributes && attributes->cImplTypes > 0 && SUCCEEDED(info.GetRefTypeOfImplType(0, &reference)) &&
-        SUCCEEDED(info.GetRefTypeInfo(reference, base.Put()))) {
+    if (const fw::ComPtr<ITypeInfo> base = BaseOf(info)) {
         functions = DispatchFunctionsOf(*base.Get());
     }
     std::ranges::copy_if(

@@ -6,6 +6,9 @@ import os
 import subprocess
 import sys
 
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "faulty"))
+import wrong_types
+
 # The fault that the server is asked for, and rules of which one must be reported as broken.
 FAULTS = {
     "drops-interface": "query: IQuickActivate is answered",
@@ -49,7 +52,7 @@ def findings(output, subject):
 
 
 def main():
-    runner, program, faulty, plain_library = sys.argv[1:5]
+    runner, program, faulty, wrong_library, plain_library = sys.argv[1:6]
     complaints = []
 
     def expect(what, holds):
@@ -77,6 +80,13 @@ def main():
     status, output = run(runner, program, faulty, options=["--json"])
     rules = [entry["rule"] for entry in findings(output, "the module")]
     expect(f"the module: {rules}", rules == ["manifest: it lies beside the module and is well formed"])
+
+    # Each fault of the type library breaks the rules of its subject, and no other.
+    status, output = run(runner, program, wrong_library, options=["--json"])
+    rules = {entry["rule"].removeprefix("type library: ") for entry in findings(output, "the module")}
+    wanted = {rule for _, _, rules_of_fault in wrong_types.FAULTS for rule in rules_of_fault}
+    wanted.add("manifest: it lies beside the module and is well formed")
+    expect(f"the type library: not found {wanted - rules}, found {rules - wanted}", rules == wanted)
 
     status, output = run(runner, program, plain_library, options=["--json"])
     rules = [entry["rule"] for entry in findings(output, "the module")]
