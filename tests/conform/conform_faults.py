@@ -7,6 +7,7 @@ import subprocess
 import sys
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "faulty"))
+sys.dont_write_bytecode = True
 import wrong_types
 
 # The fault that the server is asked for, and rules of which one must be reported as broken.
@@ -23,6 +24,8 @@ FAULTS = {
     "deaf-to-hide": "verbs: hide takes the control out of sight",
     "asks-for-all": "ambients: of other changes it takes no note",
     "fails-without-ambients": "ambients: a site without ambient properties is no failure",
+    "ambient-as-method": "ambients: the back colour is taken",
+    "ambient-with-argument": "ambients: the font is taken",
     "accelerators": "control information: no accelerators",
     "other-class": "create: the control names its own class",
     "first-sink": "connections: there is no point for the first sink interface",

@@ -230,9 +230,15 @@ STDMETHODIMP FakeSite::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) {
     return DISP_E_UNKNOWNNAME;
 }
 
-STDMETHODIMP FakeSite::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
-                              UINT*) {
+STDMETHODIMP FakeSite::Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARAMS* parameters,
+                              VARIANT* result, EXCEPINFO*, UINT*) {
     Note(L"Site.Ambient", id);
+    const bool isRead = reserved == IID_NULL && flags == DISPATCH_PROPERTYGET && result && parameters &&
+                        parameters->cArgs == 0 && parameters->cNamedArgs == 0;
+    if (!isRead) {
+        Note(L"Site.AmbientRefused", id, flags);
+        return DISP_E_MEMBERNOTFOUND;
+    }
     const auto found = ambients.find(id);
     return found == ambients.end() ? DISP_E_MEMBERNOTFOUND : found->second.CopyTo(result);
 }

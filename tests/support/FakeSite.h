@@ -21,7 +21,8 @@ public:
     /// The container shows the control in another of its windows from the next activation on.
     void MoveTo(HWND parent);
 
-    /// Ambient properties; one that is not here gives DISP_E_MEMBERNOTFOUND.
+    /// Ambient properties; one that is not here gives DISP_E_MEMBERNOTFOUND. In whatever locale, but only as
+    /// a property without arguments: containers know no ambient methods.
     std::map<DISPID, fw::Variant> ambients;
     bool offersAmbients = true;  ///< false: the site answers no query for IDispatch
     RECT place;

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "tests/conform/faulty/AmbientDetour.h"
 #include "tests/conform/faulty/Fault.h"
 
 namespace {
@@ -52,7 +53,9 @@ STDMETHODIMP FaultyRow::SetClientSite(IOleClientSite* site) {
     if (site && HasFault(L"keeps-site")) {
         site->AddRef();
     }
-    return CKvPeEditTempl::SetClientSite(site);
+    const HRESULT result = CKvPeEditTempl::SetClientSite(site);
+    m_spAmbientDispatch = AmbientDetour::Around(m_spAmbientDispatch);
+    return result;
 }
 
 STDMETHODIMP FaultyRow::DoVerb(LONG verb, LPMSG message, IOleClientSite* site, LONG index, HWND parent,
