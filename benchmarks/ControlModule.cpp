@@ -1,9 +1,28 @@
 #include "benchmarks/ControlModule.h"
 
+#include <string_view>
+
 #include "benchmarks/Drawing.h"
+#include "core/ClassIds.h"
 #include "framework/com/Registration.h"
 
 namespace kvbench {
+namespace {
+
+struct ControlClass {
+    const char* name;
+    const CLSID* id;
+    std::string_view state;
+};
+
+constexpr ControlClass c_classes[] = {
+#define KVPE_CLASS(coclass, version, classId, implementation, state, description, interfaces) \
+    {#coclass, &CLSID_##coclass, #state},
+#include "core/ClassList.inc"
+#undef KVPE_CLASS
+};
+
+}  // namespace
 
 ControlModule::ControlModule() {
     const std::wstring program = fw::ModulePath(nullptr);
@@ -20,6 +39,16 @@ fw::ComPtr<IClassFactory> ControlModule::FactoryOf(REFCLSID classId) const {
     Require(entry != nullptr && entry(classId, IID_IClassFactory, factory.PutVoid()) == S_OK,
             "the module has the class");
     return factory;
+}
+
+std::vector<ReadyClass> ControlModule::ReadyClasses() const {
+    std::vector<ReadyClass> classes;
+    for (const ControlClass& controlClass : c_classes) {
+        if (controlClass.state == "READY") {
+            classes.push_back({controlClass.name, FactoryOf(*controlClass.id)});
+        }
+    }
+    return classes;
 }
 
 }  // namespace kvbench

@@ -21,7 +21,7 @@ constexpr const char* c_usage =
     "  Times a row's work beside the same host calls made directly and prints both.\n"
     "  --json FILE    writes the figures to FILE, too\n"
     "  --max OBJECTS  leaves out selections of more objects (100000)\n"
-    "  --only WORK    one of create, palette, paint, lists, layers, read, write\n";
+    "  --only WORK    one of create, memory, palette, paint, lists, layers, read, write\n";
 
 struct Arguments {
     std::wstring json;
@@ -31,8 +31,8 @@ struct Arguments {
     [[nodiscard]] bool Wants(const wchar_t* work) const { return only.empty() || only == work; }
 };
 
-constexpr const wchar_t* c_works[] = {L"create", L"palette", L"paint", L"lists",
-                                      L"layers", L"read",    L"write"};
+constexpr const wchar_t* c_works[] = {L"create", L"memory", L"palette", L"paint",
+                                      L"lists",  L"layers", L"read",    L"write"};
 
 bool ParseArguments(int count, wchar_t** texts, Arguments& arguments) {
     for (int index = 1; index < count; index += 2) {
@@ -54,14 +54,19 @@ bool ParseArguments(int count, wchar_t** texts, Arguments& arguments) {
     return arguments.most >= 1;
 }
 
-std::vector<kvbench::Figure> MeasureAll(const Arguments& arguments) {
+kvbench::Measurements MeasureAll(const Arguments& arguments) {
     std::vector<int> sizes;
     for (const int size : c_sizes) {
         if (size <= arguments.most) {
             sizes.push_back(size);
         }
     }
-    std::vector<kvbench::Figure> figures;
+    kvbench::Measurements measured;
+    std::vector<kvbench::Figure>& figures = measured.figures;
+    // First, while the heaps are small.
+    if (arguments.Wants(L"memory")) {
+        kvbench::MeasureIdleMemory(measured.footprints);
+    }
     if (arguments.Wants(L"create")) {
         kvbench::MeasureCreation(figures);
     }
@@ -84,7 +89,7 @@ std::vector<kvbench::Figure> MeasureAll(const Arguments& arguments) {
     if (arguments.Wants(L"write")) {
         kvbench::MeasureWrites(drawing, sizes, figures);
     }
-    return figures;
+    return measured;
 }
 
 }  // namespace
@@ -105,9 +110,9 @@ int wmain(int count, wchar_t** texts) {
     }
     int result = EXIT_SUCCESS;
     try {
-        const std::vector<kvbench::Figure> figures = MeasureAll(arguments);
-        kvbench::PrintTable(figures);
-        if (!arguments.json.empty() && !kvbench::WriteJson(arguments.json, figures)) {
+        const kvbench::Measurements measured = MeasureAll(arguments);
+        kvbench::Print(measured);
+        if (!arguments.json.empty() && !kvbench::WriteJson(arguments.json, measured)) {
             std::fprintf(stderr, "kv_bench: %ls cannot be written\n", arguments.json.c_str());
             result = EXIT_FAILURE;
         }

@@ -20,6 +20,14 @@ struct Figure {
     int hostCalls = 0;  ///< per call, where they are what is measured
 };
 
+/// What one control takes of the process; its share of the palette's side, where it is shown, included.
+struct Footprint {
+    std::string workload;
+    double bytes = 0;
+    double blocks = 0;
+    double gdiObjects = 0;
+};
+
 namespace detail {
 
 template <class Call>

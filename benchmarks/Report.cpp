@@ -1,24 +1,18 @@
 #include "benchmarks/Report.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
+
+#include "benchmarks/Limits.h"
 
 namespace kvbench {
 namespace {
 
 constexpr int c_growthFrom = 1000;
 constexpr int c_growthTo = 100000;
-
-const Figure* Find(const std::vector<Figure>& figures, const std::string& workload, int objects) {
-    for (const Figure& figure : figures) {
-        if (figure.workload == workload && figure.objects == objects) {
-            return &figure;
-        }
-    }
-    return nullptr;
-}
 
 std::string NumberOrDash(double number) {
     char text[32];
@@ -28,10 +22,17 @@ std::string NumberOrDash(double number) {
 
 }  // namespace
 
+const Figure* FindFigure(const std::vector<Figure>& figures, const std::string& workload, int objects) {
+    const auto found = std::ranges::find_if(figures, [&](const Figure& figure) {
+        return figure.workload == workload && figure.objects == objects;
+    });
+    return found == figures.end() ? nullptr : &*found;
+}
+
 std::vector<Growth> GrowthOf(const std::vector<Figure>& figures) {
     std::vector<Growth> result;
     for (const Figure& large : figures) {
-        const Figure* const small = Find(figures, large.workload, c_growthFrom);
+        const Figure* const small = FindFigure(figures, large.workload, c_growthFrom);
         if (large.objects != c_growthTo || small == nullptr) {
             continue;
         }
@@ -44,7 +45,9 @@ std::vector<Growth> GrowthOf(const std::vector<Figure>& figures) {
     return result;
 }
 
-void PrintTable(const std::vector<Figure>& figures) {
+namespace {
+
+void PrintFigures(const std::vector<Figure>& figures) {
     std::printf("%-28s %8s %14s %14s %7s %10s\n", "workload", "objects", "row (us)", "floor (us)", "ratio",
                 "host calls");
     for (const Figure& figure : figures) {
@@ -53,10 +56,9 @@ void PrintTable(const std::vector<Figure>& figures) {
                     figure.product, NumberOrDash(figure.floor).c_str(), NumberOrDash(figure.ratio).c_str(),
                     figure.hostCalls == 0 ? "" : std::to_string(figure.hostCalls).c_str());
     }
-    const std::vector<Growth> growths = GrowthOf(figures);
-    if (growths.empty()) {
-        return;
-    }
+}
+
+void PrintGrowth(const std::vector<Growth>& growths) {
     std::printf("\n%-28s %14s %14s %14s   from %d to %d objects\n", "growth", "row/object", "floor/object",
                 "row/call", c_growthFrom, c_growthTo);
     for (const Growth& growth : growths) {
@@ -65,9 +67,42 @@ void PrintTable(const std::vector<Figure>& figures) {
     }
 }
 
-bool WriteJson(const std::wstring& path, const std::vector<Figure>& figures) {
+void PrintFootprints(const std::vector<Footprint>& footprints) {
+    std::printf("\n%-52s %10s %8s %12s\n", "a control that is not edited", "bytes", "blocks", "GDI objects");
+    for (const Footprint& footprint : footprints) {
+        std::printf("%-52s %10.0f %8.1f %12.1f\n", footprint.workload.c_str(), footprint.bytes,
+                    footprint.blocks, footprint.gdiObjects);
+    }
+}
+
+void PrintVerdicts(const std::vector<Verdict>& verdicts) {
+    std::printf("\n%-52s %10s %8s\n", "limit", "measured", "at most");
+    for (const Verdict& verdict : verdicts) {
+        std::printf("%-52s %10.3f %8.2f %s\n", verdict.figure.c_str(), verdict.measured, verdict.limit,
+                    verdict.Holds() ? "holds" : "EXCEEDED");
+    }
+}
+
+}  // namespace
+
+void Print(const Measurements& measured) {
+    if (!measured.figures.empty()) {
+        PrintFigures(measured.figures);
+    }
+    if (const std::vector<Growth> growths = GrowthOf(measured.figures); !growths.empty()) {
+        PrintGrowth(growths);
+    }
+    if (!measured.footprints.empty()) {
+        PrintFootprints(measured.footprints);
+    }
+    if (const std::vector<Verdict> verdicts = Judge(measured.figures); !verdicts.empty()) {
+        PrintVerdicts(verdicts);
+    }
+}
+
+bool WriteJson(const std::wstring& path, const Measurements& measured) {
     nlohmann::ordered_json figureList = nlohmann::ordered_json::array();
-    for (const Figure& figure : figures) {
+    for (const Figure& figure : measured.figures) {
         figureList.push_back({{"workload", figure.workload},
                               {"objects", figure.objects},
                               {"microseconds", figure.product},
@@ -76,7 +111,7 @@ bool WriteJson(const std::wstring& path, const std::vector<Figure>& figures) {
                               {"hostCalls", figure.hostCalls}});
     }
     nlohmann::ordered_json growthList = nlohmann::ordered_json::array();
-    for (const Growth& growth : GrowthOf(figures)) {
+    for (const Growth& growth : GrowthOf(measured.figures)) {
         growthList.push_back({{"workload", growth.workload},
                               {"from", growth.from},
                               {"to", growth.to},
@@ -84,7 +119,24 @@ bool WriteJson(const std::wstring& path, const std::vector<Figure>& figures) {
                               {"floorPerObject", growth.floorPerObject},
                               {"perCall", growth.perCall}});
     }
-    const nlohmann::ordered_json document{{"figures", figureList}, {"growth", growthList}};
+    nlohmann::ordered_json footprintList = nlohmann::ordered_json::array();
+    for (const Footprint& footprint : measured.footprints) {
+        footprintList.push_back({{"workload", footprint.workload},
+                                 {"bytes", footprint.bytes},
+                                 {"blocks", footprint.blocks},
+                                 {"gdiObjects", footprint.gdiObjects}});
+    }
+    nlohmann::ordered_json limitList = nlohmann::ordered_json::array();
+    for (const Verdict& verdict : Judge(measured.figures)) {
+        limitList.push_back({{"figure", verdict.figure},
+                             {"measured", verdict.measured},
+                             {"limit", verdict.limit},
+                             {"holds", verdict.Holds()}});
+    }
+    const nlohmann::ordered_json document{{"figures", figureList},
+                                          {"growth", growthList},
+                                          {"footprints", footprintList},
+                                          {"limits", limitList}};
     std::ofstream file{std::filesystem::path(path)};
     file << document.dump(2) << '\n';
     file.close();

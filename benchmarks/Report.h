@@ -20,8 +20,18 @@ struct Growth {
 /// Of each workload that was measured with both numbers of objects.
 [[nodiscard]] std::vector<Growth> GrowthOf(const std::vector<Figure>& figures);
 
-void PrintTable(const std::vector<Figure>& figures);
+/// Null when it was not measured.
+[[nodiscard]] const Figure* FindFigure(const std::vector<Figure>& figures, const std::string& workload,
+                                       int objects);
+
+struct Measurements {
+    std::vector<Figure> figures;
+    std::vector<Footprint> footprints;
+};
+
+/// The figures, what follows from them, and whether the promised limits hold.
+void Print(const Measurements& measured);
 /// False when the file cannot be written.
-[[nodiscard]] bool WriteJson(const std::wstring& path, const std::vector<Figure>& figures);
+[[nodiscard]] bool WriteJson(const std::wstring& path, const Measurements& measured);
 
 }  // namespace kvbench

@@ -18,6 +18,8 @@ void MeasureLists(std::span<const int> sizes, std::vector<Figure>& figures);
 void MeasureLayers(std::span<const int> sizes, std::vector<Figure>& figures);
 /// A palette of rows of all classes, made and ended.
 void MeasurePalette(std::vector<Figure>& figures);
+/// What a control of each class takes that is not edited: made, and shown in a palette.
+void MeasureIdleMemory(std::vector<Footprint>& footprints);
 void MeasurePainting(Drawing& drawing, std::vector<Figure>& figures);
 
 }  // namespace kvbench

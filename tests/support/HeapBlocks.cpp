@@ -16,29 +16,30 @@ void PushOutFreedBlocks(HANDLE heap) {
     }
 }
 
-long CountBlocksOf(HANDLE heap) {
-    long blocks = 0;
+void AddUseOf(HANDLE heap, HeapUse& use) {
     PROCESS_HEAP_ENTRY entry{};
     ::HeapLock(heap);
     while (::HeapWalk(heap, &entry)) {
-        blocks += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0 ? 1 : 0;
+        if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) {
+            ++use.blocks;
+            use.bytes += entry.cbData;
+        }
     }
     ::HeapUnlock(heap);
-    return blocks;
 }
 
 }  // namespace
 
-long CountHeapBlocks() {
+HeapUse MeasureHeaps() {
     std::vector<HANDLE> heaps(::GetProcessHeaps(0, nullptr));
     heaps.resize(std::min<std::size_t>(heaps.size(),
                                        ::GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data())));
-    long blocks = 0;
+    HeapUse use;
     for (HANDLE heap : heaps) {
         PushOutFreedBlocks(heap);
-        blocks += CountBlocksOf(heap);
+        AddUseOf(heap, use);
     }
-    return blocks;
+    return use;
 }
 
 }  // namespace kvtest

@@ -83,6 +83,10 @@ bool IsSystemWindow(const std::string& className) {
 
 }  // namespace
 
+long CountGdiObjects() {
+    return static_cast<long>(std::ranges::count_if(GdiTypes(), [](BYTE type) { return type != 0; }));
+}
+
 LeakCheck::LeakCheck() : m_gdiTypes(GdiTypes()), m_windows(ThreadWindows()) {
     for (const Counter& counter : Counters()) {
         m_counts.push_back(counter.read());

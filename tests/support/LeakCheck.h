@@ -28,6 +28,9 @@ private:
     std::vector<long> m_counts;
 };
 
+/// The process's GDI objects. The system's own count of them is not kept everywhere.
+[[nodiscard]] long CountGdiObjects();
+
 /// Adds a count that every test must leave as it found it, such as a module's live objects. Call it before
 /// the tests start, for instance from a namespace-scope initialiser.
 struct LeakCounter {
