@@ -4,6 +4,7 @@
 #include "tests/control/support/AvailableClass.h"
 #include "tests/control/support/RowContainer.h"
 #include "tests/support/HeapBlocks.h"
+#include "tests/support/KernelHandles.h"
 #include "tests/support/LeakCheck.h"
 #include "tests/support/Rounds.h"
 
@@ -14,13 +15,6 @@ constexpr int c_firstCycles = 10;
 
 int Cycles() {
     return kvtest::RoundsOfEach(kvtest::AvailableClasses().size(), 1'200, 10'000);
-}
-
-// What the system counts for the process, threads and events among it.
-DWORD CountHandles() {
-    DWORD count = 0;
-    EXPECT_TRUE(::GetProcessHandleCount(::GetCurrentProcess(), &count));
-    return count;
 }
 
 class LeakCycles : public kvtest::RowContainer, public ::testing::WithParamInterface<kvtest::AvailableClass> {
@@ -70,12 +64,12 @@ TEST_P(LeakCycles, WholeLives_LeaveNothingBehind) {
     const int cycles = Cycles();
     RunCycles(c_firstCycles);
     const kvtest::LeakCheck check;
-    const DWORD handles = CountHandles();
+    const long handles = kvtest::CountKernelHandles();
     const long blocks = kvtest::CountHeapBlocks();
     RunCycles(cycles);
     // Texts and whatever else lies in memory; less than one block of each life.
     EXPECT_LT(kvtest::CountHeapBlocks() - blocks, cycles / 2);
-    EXPECT_LE(CountHandles(), handles);
+    EXPECT_LE(kvtest::CountKernelHandles(), handles);
     EXPECT_EQ(check.Describe(), "");
     EXPECT_EQ(host->Editor().OpenMarks(), 0);
     EXPECT_EQ(host->Editor().UserBreakDisabled(), 0);
