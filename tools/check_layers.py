@@ -4,7 +4,7 @@
 import re
 import sys
 
-from project_files import ROOT, project_files, read_text
+from project_files import ROOT, own_project, project_files, read_text
 
 # What a layer builds on; it may also include whatever those layers may.
 BUILDS_ON = {
@@ -51,6 +51,8 @@ def check_include(path, include, known_files):
     if include.split("/")[-1] in GENERATED:
         allowed = GENERATED[include.split("/")[-1]]
         return None if layer in allowed | EVERYTHING else f"{layer} may not use the module's interfaces: {include}"
+    if own_project(path) and own_project(path) + include in known_files:
+        return None
     if include not in known_files:
         return f"include by the path from the root: {include}"
     target = include.split("/")[0]

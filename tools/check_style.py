@@ -5,7 +5,7 @@ import os
 import re
 import sys
 
-from project_files import ROOT, project_files, read_text
+from project_files import ROOT, own_project, project_files, read_text
 
 # Each word is cut in two here, so that this file passes its own check.
 UNWANTED = [
@@ -38,8 +38,9 @@ def complaints_about(path, text):
             found.append((text.count("\n", 0, match.start()) + 1, f"'{match.group()}': {advice}"))
     first = re.search(r'^#include "([^"]+)"', text, re.MULTILINE)
     own = path[:-len(".cpp")] + ".h"
-    if path.endswith(".cpp") and has_file(own) and (not first or first.group(1) != own):
-        found.append((1, f"the first include is {own}, which proves that it compiles alone"))
+    named = own[len(own_project(path)):]
+    if path.endswith(".cpp") and has_file(own) and (not first or first.group(1) != named):
+        found.append((1, f"the first include is {named}, which proves that it compiles alone"))
     suffix = "." + path.rsplit(".", 1)[-1]
     lines = text.count("\n")
     if lines > MAX_LINES.get(suffix, lines):

@@ -35,6 +35,12 @@ class CheckLayers(unittest.TestCase):
     def test_tests_may_include_all(self):
         self.assertIsNone(check_include("tests/unit/X_test.cpp", "families/B.h", KNOWN))
 
+    def test_a_project_of_its_own_includes_its_headers_by_name(self):
+        header = "tests/extension/plugin/UnitEditor.h"
+        self.assertIsNone(check_include("tests/extension/plugin/Module.cpp", "UnitEditor.h", KNOWN | {header}))
+        self.assertIsNotNone(check_include("tests/extension/X_test.cpp", "UnitEditor.h", KNOWN | {header}))
+        self.assertIsNotNone(check_include("tests/extension/plugin/Module.cpp", "Absent.h", KNOWN | {header}))
+
 
 class CheckStyle(unittest.TestCase):
     def test_clean_header_has_no_complaint(self):
@@ -51,6 +57,11 @@ class CheckStyle(unittest.TestCase):
         first = '#include "tests/support/LeakCheck.h"\n'
         self.assertEqual(complaints_about(source, first), [])
         self.assertEqual(len(complaints_about(source, '#include "framework/base/Export.h"\n' + first)), 1)
+
+    def test_a_project_of_its_own_names_its_header_without_a_folder(self):
+        source = "tests/extension/plugin/UnitEditor.cpp"
+        self.assertEqual(complaints_about(source, '#include "UnitEditor.h"\n'), [])
+        self.assertEqual(len(complaints_about(source, '#include "tests/extension/plugin/UnitEditor.h"\n')), 1)
 
 
 class Lint(unittest.TestCase):

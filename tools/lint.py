@@ -14,7 +14,7 @@ import shlex
 import subprocess
 import sys
 
-from project_files import ROOT, project_files
+from project_files import ROOT, own_project, project_files
 
 RUNTIME = "/usr/lib/gcc/x86_64-w64-mingw32/12-posix/include/c++"
 # clang knows the target but not where this compiler keeps its C++ library.
@@ -75,8 +75,9 @@ def sources(build):
 
 
 def unused_sources(compiled):
-    """Sources that no target compiles: nothing would notice when they stop being right."""
-    return [path for path in project_files(".cpp") if path not in compiled]
+    """Sources that no target compiles: nothing would notice when they stop being right. A project of its own that forgets
+    one does not link."""
+    return [path for path in project_files(".cpp") if path not in compiled and not own_project(path)]
 
 
 def batches_of(work):

@@ -4,6 +4,8 @@ import os
 import subprocess
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+# Projects of their own, which know nothing of the folders around them: their sources include each other by name.
+OWN_PROJECTS = ("tests/extension/plugin/",)
 
 
 def project_files(suffixes=None):
@@ -23,3 +25,8 @@ def project_files(suffixes=None):
 def read_text(path):
     with open(os.path.join(ROOT, path), encoding="utf-8", errors="replace") as file:
         return file.read()
+
+
+def own_project(path):
+    """The project of its own that a path lies in, "" for the project as a whole."""
+    return next((folder for folder in OWN_PROJECTS if path.startswith(folder)), "")

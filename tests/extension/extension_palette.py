@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Lets kvpalette edit rows with the editor of the module of somebody else: extension_palette.py LAUNCHER PROGRAM
-MODULE SOURCE_DIR. The module is registered for the time of the test."""
+"""Lets the kit's palette edit rows with the editor of the module of somebody else: extension_palette.py LAUNCHER BIN
+SOURCE_DIR. BIN is the kit's bin/ with that module in it, which is registered for the time of the test."""
 
 import json
 import os
@@ -9,7 +9,9 @@ import sys
 import tempfile
 import unittest
 
-LAUNCHER, PROGRAM, MODULE, SOURCE = (os.path.abspath(argument) for argument in sys.argv[1:5])
+LAUNCHER, BIN, SOURCE = (os.path.abspath(argument) for argument in sys.argv[1:4])
+PROGRAM = os.path.join(BIN, "kvpalette.exe")
+MODULE = "KvExtension.qmx"
 SITE = os.path.join(SOURCE, "samples", "site.qxf")
 EDITOR = "KvExtension.UnitEditor.1"
 MARK = "-----"
@@ -24,15 +26,11 @@ def two_texts():
         return [entity["handle"] for entity in json.load(file)["entities"] if entity["type"] == "Text"][:2]
 
 
-class ExtensionInPalette(unittest.TestCase):
-    def setUp(self):
-        self.register()
-        self.addCleanup(self.register, "/u")
+def row_named(report, name):
+    return next(row for row in report["rows"] if row["name"] == name)
 
-    def register(self, *options):
-        path = "Z:" + MODULE.replace("/", "\\")  # a path that begins with a slash would count as an option
-        self.assertEqual(launch("regsvr32.exe", "/s", *options, path).returncode, 0)
 
+class KitTest(unittest.TestCase):
     def run_batch(self, *lines):
         with tempfile.TemporaryDirectory(prefix="kvpalette-") as folder:
             with open(os.path.join(folder, "commands.txt"), "w", encoding="utf-8") as file:
@@ -41,8 +39,24 @@ class ExtensionInPalette(unittest.TestCase):
         self.assertEqual(done.returncode, 0, done.stderr.decode())
         return [json.loads(part) for part in done.stdout.decode("utf-8").split(MARK + "\n")]
 
+
+class Calculator(KitTest):
+    def test_the_kit_has_what_is_loaded_at_first_use(self):
+        first = two_texts()[0]
+        (rows,) = self.run_batch(f"--select {first}", "--answer 3/2", "--click Height:calculator", "--rows --json")
+        self.assertEqual(row_named(rows, "Height")["text"], "1.50")
+
+
+class ExtensionInPalette(KitTest):
+    def setUp(self):
+        self.register()
+        self.addCleanup(self.register, "/u")
+
+    def register(self, *options):
+        self.assertEqual(launch("regsvr32.exe", "/s", *options, MODULE, folder=BIN).returncode, 0)
+
     def contents(self, report):
-        return next(row for row in report["rows"] if row["name"] == "Contents")
+        return row_named(report, "Contents")
 
     # Lets the first text say "12 mm" and the second "12mm", then looks at the row of both, and edits it.
     def read_and_edit(self, control):
@@ -74,4 +88,4 @@ class ExtensionInPalette(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    unittest.main(argv=sys.argv[:1] + sys.argv[5:])
+    unittest.main(argv=sys.argv[:1] + sys.argv[4:])

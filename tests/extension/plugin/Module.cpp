@@ -2,11 +2,11 @@
 
 #include <array>
 
+#include "UnitEditor.h"
 #include "families/CKvPeEditTempl.h"
 #include "framework/com/CComObject.h"
 #include "framework/com/Registration.h"
 #include "framework/window/WindowClass.h"
-#include "tests/extension/plugin/UnitEditor.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "tests/extension/plugin/UnitEditor.h"
+#include "UnitEditor.h"
 
 #include <algorithm>
 #include <string>
