@@ -14,12 +14,16 @@ fail() { echo "check: $*" >&2; exit 1; }
 
 fast() {
     say "format"
+    clang-format --version >build/unformatted.log 2>&1 ||
+        { cat build/unformatted.log; fail "clang-format does not run; ./test installs it"; }
     python3 -c 'import sys; sys.path.insert(0, "tools")
 from project_files import project_files
-print("\0".join(project_files((".h", ".cpp"))), end="")' |
-        xargs -0 -r -P "$jobs" -n 40 clang-format --dry-run -Werror 2>&1 | sed -n 's/:[0-9]*:[0-9]*: error:.*//p' |
-        sort -u >build/unformatted.log
-    [ ! -s build/unformatted.log ] || { cat build/unformatted.log; fail "run clang-format -i on these files"; }
+print("\0".join(project_files((".h", ".cpp"))), end="")' >build/sources.list || fail "the sources could not be listed"
+    if ! xargs -0 -r -P "$jobs" -n 40 clang-format --dry-run -Werror <build/sources.list >build/unformatted.log 2>&1; then
+        sed -n 's/:[0-9]*:[0-9]*: error:.*//p' build/unformatted.log | sort -u | grep . ||
+            { cat build/unformatted.log; fail "clang-format failed"; }
+        fail "run clang-format -i on these files"
+    fi
     say "layers"
     python3 tools/check_layers.py || fail "an include goes against the layers"
     say "text"

@@ -25,8 +25,7 @@ ARGUMENTS = ["clang-tidy", "--quiet", "--extra-arg-before=--target=x86_64-w64-wi
 STAMPS = os.path.join(ROOT, "build", "lint")
 # Most of the time goes into the system's headers, which all sources share.
 SOURCES_AT_ONCE = 8
-# What names the files of one compilation. Precompiled headers are another compiler's; without them, a source that is
-# looked at alone shows which includes it lacks.
+# What names the files of one compilation, and precompiled headers, which are another compiler's.
 OF_ONE_FILE = re.compile(r" (-o|-c|-MT|-MF|-include) \S+| -MD\b| -Winvalid-pch\b")
 # Tests and workloads are left to the compiler's warnings and to cppcheck: linting them too would take as long again as
 # all the rest of ./test. Name a file to lint it all the same.

@@ -6,9 +6,10 @@
 #   KV_DESKTOP          a further prefix beside it, for what must not share focus and mouse with the others
 #   KV_DISPLAY          X display for a prefix made with --display; by default no display is used
 #   WINE_TEST_TIMEOUT   seconds before the program is ended (300; 0 never)
+#   WINEDEBUG           the channels that Wine reports on; empty for its own choice, which is errors (by default none)
 root=$(cd "$(dirname "$0")/.." && pwd)
 export WINEPREFIX="${KV_WINEPREFIX:-$root/build/wineprefix}${KV_DESKTOP:+-$KV_DESKTOP}"
-export WINEDEBUG="${WINEDEBUG:--all}" LC_ALL=C.UTF-8
+export WINEDEBUG="${WINEDEBUG--all}" LC_ALL=C.UTF-8
 unset WAYLAND_DISPLAY
 if [ -n "$KV_DISPLAY" ]; then export DISPLAY="$KV_DISPLAY"; else unset DISPLAY; fi
 [ -f "$WINEPREFIX/.kv-ready" ] || sh "$root/tools/make-prefix.sh" "$WINEPREFIX" >&2 || exit 98
