@@ -3,10 +3,11 @@
 #include <memory>
 #include <set>
 
+#include "core/Export.h"
 #include "preview/IKvRestorable.h"
 
 /// The variables of a control that a preview write may disturb; owns their saved values.
-class KvRestorableSet {
+class KVPEX_API KvRestorableSet {
 public:
     KvRestorableSet();
     KvRestorableSet(const KvRestorableSet&) = delete;

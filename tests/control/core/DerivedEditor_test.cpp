@@ -5,6 +5,11 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
+#include "families/CKvPeEnumBase.h"
+#include "preview/KvRestorable.h"
+#include "preview/KvRestorableSet.h"
 #include "refhost/editor/HostSession.h"
 #include "refhost/testing/ScriptedObject.h"
 #include "tests/support/SelectionArrays.h"
@@ -30,6 +35,21 @@ public:
     using CKvPeCtrlBase::UpdateExpressionSupportState;
 };
 
+// A list row with a variable of its own that a preview write disturbs.
+class UnitList final : public CKvPeEnumBase {
+public:
+    UnitList() : CKvPeEnumBase(nullptr, nullptr) {}
+
+    HRESULT GetPreviewRestorables(KvRestorableSet& restorables) override {
+        const HRESULT result = CKvPeEnumBase::GetPreviewRestorables(restorables);
+        restorables.Add(std::make_unique<KvRestorable<int>>(shownUnit));
+        return result;
+    }
+
+    int shownUnit = 1;
+    using CKvPeEnumBase::m_allowUnspecified;
+};
+
 TEST(DerivedEditor, OverrideInAnotherModule_IsCalledByTheRead) {
     const kvhost::HostSession host;
     const auto first = kvhost::ScriptedObject::Make(L"A");
@@ -53,6 +73,18 @@ TEST(DerivedEditor, ProtectedMembers_AreExported) {
     editor.UpdateExpressionSupportState(true, true, L"");
     EXPECT_EQ(editor.m_expressionState, 1);
     EXPECT_EQ(editor.undoSSRetain(nullptr, 1), Tolm::eInvalidInput);
+}
+
+TEST(DerivedEditor, PreviewOfAList_PutsBackWhatTheOtherModuleAdds) {
+    UnitList list;
+    KvRestorableSet restorables;
+    ASSERT_EQ(list.GetPreviewRestorables(restorables), S_OK);
+    const bool allowed = list.m_allowUnspecified;
+    list.shownUnit = 2;
+    list.m_allowUnspecified = !allowed;
+    EXPECT_EQ(list.ReleasePreviewRestorables(restorables), S_OK);
+    EXPECT_EQ(list.shownUnit, 1);
+    EXPECT_EQ(list.m_allowUnspecified, allowed);
 }
 
 }  // namespace
