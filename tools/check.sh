@@ -1,7 +1,7 @@
 #!/bin/sh
 # check.sh [fast|all|coverage|heap|traps]
 # Every check of the project; ./test, the commit hook and CI run this script and nothing else.
-#   fast      what needs no build: format, layers, words, lengths, the checks' own tests
+#   fast      what needs no build: format, layers, words, lengths, the page of classes, the checks' own tests
 #   all       fast, then the build, headers alone, lint and all tests (default)
 #   coverage  builds with counters, runs the tests and prints the coverage of the module and the framework
 #   heap      runs the tests in a prefix whose heaps are checked at every free; a finding fails the test
@@ -28,6 +28,7 @@ print("\0".join(project_files((".h", ".cpp"))), end="")' >build/sources.list || 
     python3 tools/check_layers.py || fail "an include goes against the layers"
     say "text"
     python3 tools/check_style.py || fail "a text rule is broken"
+    python3 tools/class_page.py --check || fail "a page is out of date"
     say "the checks themselves"
     python3 tools/checks_test.py 2>&1 | tail -n 20 | grep -v '^$' >build/checks_test.log
     grep -q '^OK' build/checks_test.log || { cat build/checks_test.log; fail "a check does not find what it should"; }

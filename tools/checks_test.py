@@ -5,6 +5,7 @@ import unittest
 
 from check_layers import check_include
 from check_style import complaints_about
+from class_page import classes_in, page
 from lint import SOURCES_AT_ONCE, batches_of, included_files, options_of
 
 KNOWN = {"core/A.h", "families/B.h", "framework/base/C.h", "preview/CKvPePreviewAbleCtrlBase.h", "preview/P.h"}
@@ -49,6 +50,10 @@ class CheckStyle(unittest.TestCase):
     def test_unwanted_word_is_found_with_its_line(self):
         self.assertEqual(complaints_about("core/A.cpp", "int a;\n// TO" "DO\n")[0][0], 2)
 
+    def test_folder_that_every_build_watches_is_found(self):
+        self.assertEqual(len(complaints_about("x/CMakeLists.txt", "file(GLOB a CONFIGURE_" "DEPENDS *.bmp)\n")), 1)
+        self.assertEqual(complaints_about("x/CMakeLists.txt", "file(GLOB a ${KV_WATCH_FOLDERS} *.bmp)\n"), [])
+
     def test_long_header_and_missing_pragma_are_found(self):
         self.assertEqual(len(complaints_about("core/A.h", "\n" * 251)), 2)
 
@@ -62,6 +67,24 @@ class CheckStyle(unittest.TestCase):
         source = "tests/extension/plugin/UnitEditor.cpp"
         self.assertEqual(complaints_about(source, '#include "UnitEditor.h"\n'), [])
         self.assertEqual(len(complaints_about(source, '#include "tests/extension/plugin/UnitEditor.h"\n')), 1)
+
+
+class ClassPage(unittest.TestCase):
+    READY = 'KVPE_CLASS(Row, 16, "E631D337-7F88", CRow, READY,\n           "Row Class", (IOne, ITwo))\n'
+    LATER = 'KVPE_CLASS(Other, 17, "7C21FF74-D9D0", COther, LATER,\n           "Other Class", ())\n'
+    HEADERS = {"CRow": ("lists/CRow.h", "/// A row: it has\n/// two lines. More.\nclass KVPEX_API CRow final : public B {\n")}
+
+    def test_page_tells_of_each_class(self):
+        text = page(classes_in(self.READY + self.LATER), self.HEADERS)
+        self.assertIn("| `Row` | A row: it has two lines. | `IOne`, `ITwo` | `lists/CRow.h` |\n", text)
+        self.assertIn("| `Other` |  |\n", text)
+        self.assertIn("| `KvPEXCtl.Other.17` | `7C21FF74-D9D0` |\n", text)
+
+    def test_row_of_another_shape_and_class_without_comment_are_found(self):
+        with self.assertRaises(ValueError):
+            classes_in(self.READY.replace("READY", "SOON"))
+        with self.assertRaises(ValueError):
+            page(classes_in(self.READY), {"CRow": ("lists/CRow.h", "class CRow final {\n")})
 
 
 class Lint(unittest.TestCase):
