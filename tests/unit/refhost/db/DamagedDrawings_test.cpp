@@ -4,11 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstring>
 #include <random>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "refhost/db/DrawingFile.h"
@@ -104,11 +106,17 @@ protected:
         }
     }
 
-    void ExpectRefusedOrSound(const DrawingReadResult& result, std::wstring_view place) {
+    using Places = std::span<const std::wstring_view>;
+    // How a place is named: of a binary file, and of a text that is no JSON or whose value can't be.
+    static constexpr std::array<std::wstring_view, 1> c_inBytes = {L"byte "};
+    static constexpr std::array<std::wstring_view, 2> c_inText = {L"line ", L"/"};
+
+    void ExpectRefusedOrSound(const DrawingReadResult& result, Places places) {
         if (!result.database) {
             ++refused;
-            EXPECT_FALSE(result.error.empty());
-            EXPECT_TRUE(result.error.starts_with(place)) << "no place is named";
+            EXPECT_TRUE(std::any_of(places.begin(), places.end(),
+                                    [&](std::wstring_view place) { return result.error.starts_with(place); }))
+                << "no place is named: " << ::testing::PrintToString(result.error);
             return;
         }
         ++accepted;
@@ -150,7 +158,7 @@ TEST_F(DamagedDrawing, Qdf_RandomBytesBehindValidCheckSums) {
                 break;
             }
         }
-        ExpectRefusedOrSound(kvhost::ReadQdf(FileOf(damaged)), L"byte ");
+        ExpectRefusedOrSound(kvhost::ReadQdf(FileOf(damaged)), c_inBytes);
         EXPECT_FALSE(HasFailure()) << "seed " << seed;
     }
     EXPECT_GT(refused, 500U);
@@ -163,7 +171,7 @@ TEST_F(DamagedDrawing, Qdf_HugeNumbersAnywhere) {
             for (const std::uint32_t huge : {0xFFFFFFFFU, 0x7FFFFFFFU}) {
                 Blocks damaged = blocks;
                 damaged[index].replace(position, sizeof huge, Bytes(huge));
-                ExpectRefusedOrSound(kvhost::ReadQdf(FileOf(damaged)), L"byte ");
+                ExpectRefusedOrSound(kvhost::ReadQdf(FileOf(damaged)), c_inBytes);
             }
         }
         EXPECT_FALSE(HasFailure()) << "block " << index;
@@ -188,7 +196,7 @@ TEST_F(DamagedDrawing, Qdf_HandlesExchanged) {
             for (const std::uint64_t other : handles) {
                 Blocks damaged = blocks;
                 damaged[index].replace(position, sizeof other, Bytes(other));
-                ExpectRefusedOrSound(kvhost::ReadQdf(FileOf(damaged)), L"byte ");
+                ExpectRefusedOrSound(kvhost::ReadQdf(FileOf(damaged)), c_inBytes);
             }
         }
         EXPECT_FALSE(HasFailure()) << "block " << index;
@@ -219,7 +227,7 @@ TEST_F(DamagedDrawing, Qxf_RandomBytes) {
             const std::size_t position = random() % damaged.size();
             damaged[position] = static_cast<char>(damaged[position] ^ (1 << (random() % 8)));
         }
-        ExpectRefusedOrSound(kvhost::ReadQxf(damaged), L"");
+        ExpectRefusedOrSound(kvhost::ReadQxf(damaged), c_inText);
         EXPECT_FALSE(HasFailure()) << "seed " << seed;
     }
     EXPECT_GT(refused, 500U);
@@ -238,7 +246,7 @@ TEST_F(DamagedDrawing, Qxf_WrongTypesAnywhere) {
              {"null", "[]", "{}", "true", "-1", "\"\"", "\"x\"", "1e400", "[[[]]]"}) {
             std::string damaged = qxf;
             damaged.replace(value, end - value, wrong);
-            ExpectRefusedOrSound(kvhost::ReadQxf(damaged), L"");
+            ExpectRefusedOrSound(kvhost::ReadQxf(damaged), c_inText);
         }
         EXPECT_FALSE(HasFailure()) << "at " << start;
     }
