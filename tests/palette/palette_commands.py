@@ -16,6 +16,7 @@ import unittest
 
 LAUNCHER, PROGRAM, SOURCE = (os.path.abspath(argument) for argument in sys.argv[1:4])
 SITE = os.path.join(SOURCE, "samples", "site.qxf")
+VILLAGE = os.path.join(SOURCE, "samples", "village.geojson")
 MAPS = os.environ.get("KV_MAPS", os.path.normpath(os.path.join(SOURCE, "..", "shared", "data")))
 MARK = "-----"
 
@@ -513,9 +514,12 @@ class Pictures(PaletteTest):
         self.assertEqual(len(set(pictures)), 3)
 
 
-@unittest.skipUnless(os.path.isdir(MAPS), "real maps lie beside the sources of the project only")
 class Maps(PaletteTest):
-    def test_real_maps_are_edited_saved_and_reopened(self):
+    def test_a_small_map_is_edited_saved_and_reopened(self):
+        self.edit_map(VILLAGE)
+
+    @unittest.skipUnless(os.path.isdir(MAPS), "large maps lie beside the sources of the project only")
+    def test_large_maps_are_edited_saved_and_reopened(self):
         for name in sorted(os.listdir(MAPS)):
             if name.endswith(".geojson"):
                 with self.subTest(name):
