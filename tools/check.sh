@@ -8,6 +8,7 @@
 #   traps     runs the tests in a build that ends at undefined behaviour
 cd "$(dirname "$0")/.." || exit 1
 jobs=$(nproc)
+module_layers="core families preview numeric lists hatch light"
 
 say() { printf '== %s\n' "$*"; }
 fail() { echo "check: $*" >&2; exit 1; }
@@ -51,7 +52,7 @@ lint() {
     say "cppcheck"
     mkdir -p build/cppcheck
     set --
-    for layer in framework host_sdk core families preview numeric lists hatch light refhost palette tests benchmarks; do
+    for layer in framework host_sdk $module_layers refhost palette tests benchmarks; do
         [ -d "$layer" ] && set -- "$@" "$layer"
     done
     cppcheck --quiet -j "$jobs" --std=c++20 --language=c++ --platform=win64 --library=googletest,windows \
@@ -75,9 +76,12 @@ case ${1:-all} in
     coverage)
         build coverage && run_tests coverage || exit 1
         say "coverage"
+        set --
+        for layer in framework $module_layers; do
+            [ -d "$layer" ] && set -- "$@" --filter "$layer/"
+        done
         gcovr --gcov-executable x86_64-w64-mingw32-gcov-posix -r . --object-directory build/coverage -j "$jobs" \
-            --exclude-unreachable-branches --exclude-throw-branches \
-            --filter 'core/' --filter 'families/' --filter 'framework/' --print-summary
+            --exclude-unreachable-branches --exclude-throw-branches "$@" --print-summary
         ;;
     heap)
         export KV_WINEPREFIX="$PWD/build/wineprefix-heap" WINEDEBUG=-all,err+heap,warn+heap OANOCACHE=1

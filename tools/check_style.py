@@ -21,6 +21,7 @@ UNWANTED = [
     (r"(?i)\bas speci" r"fied\b", "give the reason instead"),
     (r"\bPa" r"rts? \d", "give the reason instead"),
     (r"/wo" r"rk/", "no paths of one machine"),
+    (r"(?<!\w)/(tmp|root|home)/", "no paths of one machine"),
     (r"GLOB.* CONFIGURE_" r"DEPENDS", "use ${KV_WATCH_FOLDERS}: ./run is to know that nothing changed"),
 ]
 

@@ -50,6 +50,12 @@ class CheckStyle(unittest.TestCase):
     def test_unwanted_word_is_found_with_its_line(self):
         self.assertEqual(complaints_about("core/A.cpp", "int a;\n// TO" "DO\n")[0][0], 2)
 
+    def test_paths_of_one_machine_are_found(self):
+        for folder in ("/wo" "rk/a", "/t" "mp/a", "/ro" "ot/a", "Z:/ho" "me/a"):
+            self.assertEqual(len(complaints_about("docs/a.md", f"see {folder}\n")), 1, folder)
+        for path in ("build/tmp/a", "~/kit", "$HOME/kit", "-I/root -O1"):
+            self.assertEqual(complaints_about("docs/a.md", f"see {path}\n"), [], path)
+
     def test_folder_that_every_build_watches_is_found(self):
         self.assertEqual(len(complaints_about("x/CMakeLists.txt", "file(GLOB a CONFIGURE_" "DEPENDS *.bmp)\n")), 1)
         self.assertEqual(complaints_about("x/CMakeLists.txt", "file(GLOB a ${KV_WATCH_FOLDERS} *.bmp)\n"), [])
