@@ -45,7 +45,8 @@ HRESULT CKvPeButtonEditBase::Cleanup() {
 HRESULT CKvPeButtonEditBase::BeginEdit(const RECT& bounds) {
     const CRect row = bounds;
     const bool readOnly = IsReadOnlyRow();
-    const bool wasInEdit = IsInEdit();
+    // A box that went with the container's window took its edit along.
+    const bool wasInEdit = IsInEdit() && (HasEditWindow() || readOnly);
     RETURN_IF_FAILED_EXPECTED(BringButtonsInLine(static_cast<int>(row.Height()), readOnly));
     RETURN_IF_FAILED_EXPECTED(CKvPeEditBase::BeginEdit(row));
     if (!m_editBoxReadOnly && HasEditWindow()) {

@@ -79,6 +79,21 @@ TEST_F(ButtonRows, EditButton_ReadOnlyRow_HasNoButton) {
     EXPECT_EQ(Button(), nullptr);
 }
 
+TEST_F(ButtonRows, EditButton_ContainerWindowEndedAmidAnEdit_TabLeadsToItsNewButton) {
+    CreateRow(CLSID_KvPePropertyEditorEditButton, {&MakeObject(L"A", L"before")});
+    Activate();
+    frame.DestroyWindow();
+    static const fw::WindowClass s_nextFrame{.name = L"KvTestNextButtonFrame"};
+    frame.Create(s_nextFrame, L"", WS_POPUP | WS_VISIBLE, {100, 100, 500, 400}, nullptr);
+    site->MoveTo(frame);
+    Activate();
+    EXPECT_TRUE(IsShown(c_button));
+    EXPECT_EQ(BoxText(), L"before");
+    EXPECT_EQ(::GetFocus(), Box());
+    kvtest::PressInRow(Row(), VK_TAB);
+    EXPECT_EQ(::GetFocus(), Button());
+}
+
 TEST_F(ButtonRows, EditButton_DialogConfirmed_CallsAndEventsInOrder) {
     kvhost::ScriptedObject& object = MakeObjectWithDialog(L"A", L"before");
     CreateRow(CLSID_KvPePropertyEditorEditButton, {&object});
