@@ -40,7 +40,7 @@ protected:
 
     kvhost::UndoController& Undo() { return *undo; }
 
-    const ClassScenario& scenario = *GetParam().available.scenario;
+    const ClassScenario scenario = ScenarioOf(GetParam());
     bool isFaultFree = false;    ///< no call is let fail in this run
     bool wasFocusTaken = false;  ///< by another program, in the middle of the run
 

@@ -120,14 +120,6 @@ protected:
         }
         EXPECT_TRUE(AreAll(scenario.before));
     }
-    void Dialog() {
-        if (Begin()) {
-            kvhost::Answers::QueueText(scenario.after.text);
-            EXPECT_EQ(control->LaunchDialog(fw::Bstr(scenario.before.text).Get(), 8), S_OK);
-            kvhost::Answers::Reset();
-            Complete();
-        }
-    }
 };
 
 TEST_P(FaultSweep, CreateAndInit_EachServiceFails) {
@@ -156,10 +148,6 @@ TEST_P(FaultSweep, Tip_EachServiceFails) {
 
 TEST_P(FaultSweep, WriteAndUndo_EachServiceFails) {
     Sweep([this] { WriteAndUndo(); }, [this] { Activate(); });
-}
-
-TEST_P(FaultSweep, Dialog_EachServiceFails) {
-    Sweep([this] { Dialog(); });
 }
 
 INSTANTIATE_TEST_SUITE_P(Classes, FaultSweep, ::testing::ValuesIn(kvtest::SweptRows()),

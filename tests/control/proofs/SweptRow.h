@@ -12,6 +12,7 @@ inline constexpr std::size_t c_sweptObjects = 3;
 struct SweptProperty {
     const char* name;
     const wchar_t* attributes[c_sweptObjects];
+    DISPID dispid = 0;  ///< instead of the class's property; 0 is none
 };
 
 /// A class over one of the properties that it can edit.
@@ -23,6 +24,14 @@ struct SweptRow {
 
 /// Each class, and those that take typed texts over dynamic properties too: custom attributes are texts.
 [[nodiscard]] std::vector<SweptRow> SweptRows();
+/// Each class that shows texts over the properties whose dialogs edit texts, one that is given the objects
+/// and one that is given their ids.
+[[nodiscard]] std::vector<SweptRow> DialogRows();
+/// Each class that takes typed texts over a dynamic property whose dialog tells something and writes nothing.
+[[nodiscard]] std::vector<SweptRow> NoteDialogRows();
+
+/// The class's scenario with the row's property.
+[[nodiscard]] ClassScenario ScenarioOf(const SweptRow& row);
 
 void PrintTo(const SweptRow& row, std::ostream* stream);
 

@@ -14,7 +14,7 @@ namespace {
 
 const LeakCounter s_objects("scripted objects", kvhost::ScriptedObject::LiveCount);
 const LeakCounter s_properties("scripted dynamic properties", kvhost::ScriptedDynamicProperty::LiveCount);
-const LeakCounter s_identifiers("identifiers", [] { return FakeIdentifier::s_liveCount; });
+const LeakCounter s_identifiers("identifiers", FakeIdentifier::LiveCount);
 // Loaded once, as the module does at its attach.
 const WarmUpStep s_satellite([] { EXPECT_TRUE(LoadKvPeSatellite(::GetModuleHandleW(nullptr))); });
 
@@ -25,41 +25,6 @@ int NoteMessageBox(HWND owner, const wchar_t* text, const wchar_t* caption, UINT
 }
 
 }  // namespace
-
-long FakeIdentifier::s_liveCount = 0;
-
-STDMETHODIMP FakeIdentifier::QueryInterface(REFIID id, void** object) {
-    RETURN_IF_NULL_POINTER(object);
-    *object = nullptr;
-    RETURN_HR_IF(E_NOINTERFACE, id != IID_IUnknown && id != __uuidof(IKvPiPropertyIdentifier));
-    *object = this;
-    AddRef();
-    return S_OK;
-}
-
-STDMETHODIMP_(ULONG) FakeIdentifier::Release() {
-    const ULONG left = --m_references;
-    if (left == 0) {
-        delete this;
-    }
-    return left;
-}
-
-STDMETHODIMP FakeIdentifier::PutCurrentValue(VARIANT value) {
-    Note(L"PutCurrentValue", value);
-    if (throws) {
-        throw 1;
-    }
-    if (onValue) {
-        onValue();
-    }
-    return result;
-}
-
-STDMETHODIMP FakeIdentifier::PutCurrentValueText(BSTR text) {
-    Note(L"PutCurrentValueText", std::wstring(text, ::SysStringLen(text)));
-    return result;
-}
 
 MessageBoxWatch::MessageBoxWatch() : m_former(fw::SetMessageBoxHook(&NoteMessageBox)) {
 }

@@ -19,6 +19,7 @@
 #include "refhost/testing/ScriptedDynamicProperty.h"
 #include "refhost/testing/ScriptedObject.h"
 #include "tests/support/ExpectCalls.h"
+#include "tests/support/FakeIdentifier.h"
 #include "tests/support/JournalNote.h"
 #include "tests/support/SelectionArrays.h"
 
@@ -111,29 +112,6 @@ public:
     int comparisons = 0;
     HRESULT preSetResult = S_OK;
     bool preSetThrows = false;
-};
-
-/// The palette's record of a row: notes "PutCurrentValue "text"" and "PutCurrentValueText text".
-class FakeIdentifier final : public IKvPiPropertyIdentifier {
-public:
-    [[nodiscard]] static fw::ComPtr<FakeIdentifier> Make() { return {new FakeIdentifier}; }
-    [[nodiscard]] ULONG References() const { return m_references; }
-    HRESULT result = S_OK;
-    bool throws = false;
-    std::function<void()> onValue;  // while it is told
-
-    STDMETHODIMP QueryInterface(REFIID id, void** object) override;
-    STDMETHODIMP_(ULONG) AddRef() override { return ++m_references; }
-    STDMETHODIMP_(ULONG) Release() override;
-    STDMETHODIMP PutCurrentValue(VARIANT value) override;
-    STDMETHODIMP PutCurrentValueText(BSTR text) override;
-
-    static long s_liveCount;
-
-private:
-    FakeIdentifier() { ++s_liveCount; }
-    ~FakeIdentifier() { --s_liveCount; }
-    ULONG m_references = 0;
 };
 
 /// Shows no message box: notes it as "MessageBox owner text flags".
