@@ -1,5 +1,6 @@
 #include "tests/control/proofs/FaultSweep.h"
 
+#include <algorithm>
 #include <span>
 
 #include "refhost/automation/LiveObject.h"
@@ -20,6 +21,16 @@ constexpr int c_mostRunsAgain = 50;         // of a run that another program has
 std::size_t Stride() {
     constexpr std::size_t rowsAtFull = 20;
     return IsThorough() ? 1 : 1 + SweptRows().size() / rowsAtFull;
+}
+
+// Deliberate: who finds no drawing at the beginning of a write begins no group, and still ends that of the
+// drawing which it finds at the end. The undo record lets such an end pass.
+bool IsEndWithoutGroup(std::string_view unpaired) {
+    constexpr std::wstring_view waysToTheUndoRecord[] = {L"kvDocManagerPtr", L"curDocument", L"database",
+                                                         L"undoController"};
+    return unpaired == "undoGroup 16 null without its beginning" &&
+           std::ranges::find(waysToTheUndoRecord, kvhost::Faults::LastFailedService()) !=
+               std::end(waysToTheUndoRecord);
 }
 
 }  // namespace
@@ -123,6 +134,8 @@ void FaultSweep::ExpectBalanced() {
     EXPECT_EQ(document->GetDatabase().OpenCount(), 0);
     EXPECT_EQ(kvhost::LiveObject::Count(), 0);
     EXPECT_EQ(AskModuleCanUnload(), S_OK);
+    const std::string unpaired = Unpaired();
+    EXPECT_TRUE(unpaired.empty() || IsEndWithoutGroup(unpaired)) << unpaired;
     Clear();
 }
 

@@ -109,11 +109,21 @@ protected:
         ::SendMessageW(tip, WM_TIMER, CPropTextTooltip::TimerId, 0);
         return ::IsWindowVisible(tip) != FALSE;
     }
+    void UndoAndRedoAsOneStep() {
+        EXPECT_EQ(Undo().UndoCount(), 1);
+        EXPECT_EQ(Undo().UndoByUser(1), Tolm::eOk);
+        EXPECT_TRUE(AreAll(scenario.before));
+        EXPECT_EQ(Undo().RedoByUser(1), Tolm::eOk);
+        EXPECT_TRUE(AreAll(scenario.after));
+    }
     void WriteAndUndo() {
         if (const HWND child = EnterAndReturn()) {
             NoteWhatIsShown(child);
         }
         ExpectWrittenOrReported();
+        if (isFaultFree) {
+            UndoAndRedoAsOneStep();
+        }
         // The user takes it back: as one step where the group came about, else object by object.
         while (Undo().UndoCount() > 0 && !AreAll(scenario.before)) {
             ASSERT_EQ(Undo().UndoByUser(1), Tolm::eOk);

@@ -3,6 +3,7 @@
 #include "framework/com/SafeArray.h"
 #include "framework/window/MainWindow.h"
 #include "tests/support/LeakCheck.h"
+#include "tests/support/PairedCalls.h"
 #include "tests/support/RowFont.h"
 #include "tests/support/RowWarmUp.h"
 #include "tests/support/WarmUp.h"
@@ -120,6 +121,10 @@ std::wstring RowContainer::BoxText() const {
 
 CallLines RowContainer::Events() const {
     return CallsOnly(journal, {"On"});
+}
+
+std::string RowContainer::Unpaired() const {
+    return DescribeUnpaired(CallsOf(journal));
 }
 
 void RowContainer::Clear() {

@@ -55,6 +55,8 @@ protected:
     std::wstring BoxText() const;
     /// The events in the journal, in order, without host and container calls.
     CallLines Events() const;
+    /// What the journal opened and did not close, or closed without opening; empty when all is paired.
+    [[nodiscard]] std::string Unpaired() const;
     void Clear();
 
     kvhost::HostSession host;

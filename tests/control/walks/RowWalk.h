@@ -21,9 +21,6 @@ protected:
     [[nodiscard]] bool IsOneIn(int count) { return Below(count) == 0; }
     [[nodiscard]] HWND List() const { return Box(1002); }
 
-    /// What the journal opened and did not close, or closed without opening; empty when all is paired.
-    [[nodiscard]] std::string Unpaired() const;
-
     const ClassScenario& scenario = *GetParam().scenario;
 
 private:
