@@ -1,5 +1,7 @@
 #include "tests/control/proofs/RandomVariant.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <array>
 
@@ -22,7 +24,7 @@ VARTYPE PickFrom(RandomEngine& random, const VARTYPE (&types)[Count]) {
 
 RandomVariant::~RandomVariant() {
     if (array) {
-        ::SafeArrayDestroy(array);
+        EXPECT_EQ(::SafeArrayDestroy(array), S_OK) << "somebody keeps the array locked";
     }
     ::SysFreeString(m_text);
 }
