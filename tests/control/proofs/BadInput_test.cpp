@@ -19,7 +19,7 @@ constexpr int c_firstRounds = 200;
 
 // Of each class.
 int Triples() {
-    return kvtest::RoundsOfEach(kvtest::AvailableClasses().size(), 60'000, 100'000);
+    return kvtest::RoundsOfEach(kvtest::AvailableClasses().size(), 100'000, 100'000);
 }
 int Calls() {
     return kvtest::RoundsOfEach(kvtest::AvailableClasses().size(), 20'000, 20'000);
