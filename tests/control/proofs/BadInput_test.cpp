@@ -2,8 +2,8 @@
 #include "refhost/editor/HostSession.h"
 #include "refhost/testing/Answers.h"
 #include "tests/control/proofs/InitTriple.h"
-#include "tests/control/proofs/ModuleLock.h"
 #include "tests/control/support/AvailableClass.h"
+#include "tests/control/support/ModuleLock.h"
 #include "tests/support/HeapBlocks.h"
 #include "tests/support/Rounds.h"
 

@@ -7,7 +7,7 @@
 #include "refhost/db/ScopedOpen.h"
 #include "refhost/testing/Answers.h"
 #include "refhost/testing/Faults.h"
-#include "tests/control/proofs/ModuleLock.h"
+#include "tests/control/support/ModuleLock.h"
 #include "tests/support/Rounds.h"
 
 namespace kvtest {

@@ -1,8 +1,8 @@
 // Null pointers to each method that takes one, in a new control and in a row that a user works in.
 
 #include "refhost/testing/Answers.h"
-#include "tests/control/proofs/ModuleLock.h"
 #include "tests/control/support/AvailableClass.h"
+#include "tests/control/support/ModuleLock.h"
 #include "tests/control/support/RowContainer.h"
 
 namespace {

@@ -2,6 +2,8 @@
 
 #include "framework/com/SafeArray.h"
 #include "framework/window/MainWindow.h"
+#include "refhost/automation/LiveObject.h"
+#include "tests/control/support/ModuleLock.h"
 #include "tests/support/LeakCheck.h"
 #include "tests/support/PairedCalls.h"
 #include "tests/support/RowFont.h"
@@ -15,6 +17,10 @@ const LeakCounter s_objects("scripted objects", kvhost::ScriptedObject::LiveCoun
 const LeakCounter s_sites("sites", FakeSite::LiveCount);
 const LeakCounter s_frames("frames", FakeFrame::LiveCount);
 const LeakCounter s_sinks("sinks", RecordingSink::LiveCount);
+const LeakCounter s_dynamicProperties("scripted dynamic properties",
+                                      kvhost::ScriptedDynamicProperty::LiveCount);
+const LeakCounter s_hostObjects("automation objects", kvhost::LiveObject::Count);
+const LeakCounter s_module("owners in the module", [] { return AskModuleCanUnload() == S_FALSE ? 1L : 0L; });
 const WarmUpStep s_rows(&WarmUpRows);
 
 const fw::WindowClass s_windowClass{.name = L"KvTestContainer"};

@@ -1,4 +1,4 @@
-#include "tests/control/proofs/ModuleLock.h"
+#include "tests/control/support/ModuleLock.h"
 
 namespace kvtest {
 
