@@ -25,6 +25,7 @@ UNWANTED = [
     (r"GLOB.* CONFIGURE_" r"DEPENDS", "use ${KV_WATCH_FOLDERS}: ./run is to know that nothing changed"),
 ]
 
+PAGE_LIST = "docs/README.md"
 MAX_LINES = {".cpp": 600, ".h": 250}
 
 
@@ -59,8 +60,17 @@ def is_text(path):
     return not path.endswith((".png", ".bmp", ".ico", ".cur", ".qdf", ".geojson"))
 
 
+def pages_not_listed(paths, listing):
+    """Pages of docs/ that their list does not lead to."""
+    pages = [path for path in paths if path.startswith("docs/") and path.endswith(".md") and path != PAGE_LIST]
+    return [page for page in pages if f"({page.removeprefix('docs/')})" not in listing]
+
+
 def main():
     count = 0
+    for page in pages_not_listed(project_files(".md"), read_text(PAGE_LIST)):
+        print(f"{page}: {PAGE_LIST} does not list this page")
+        count += 1
     for path in filter(is_text, project_files()):
         for line, complaint in complaints_about(path, read_text(path)):
             print(f"{path}:{line}: {complaint}")

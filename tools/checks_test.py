@@ -4,7 +4,7 @@
 import unittest
 
 from check_layers import check_include
-from check_style import complaints_about
+from check_style import complaints_about, pages_not_listed
 from class_page import classes_in, page
 from lint import SOURCES_AT_ONCE, batches_of, included_files, options_of
 
@@ -59,6 +59,10 @@ class CheckStyle(unittest.TestCase):
     def test_folder_that_every_build_watches_is_found(self):
         self.assertEqual(len(complaints_about("x/CMakeLists.txt", "file(GLOB a CONFIGURE_" "DEPENDS *.bmp)\n")), 1)
         self.assertEqual(complaints_about("x/CMakeLists.txt", "file(GLOB a ${KV_WATCH_FOLDERS} *.bmp)\n"), [])
+
+    def test_page_that_is_not_listed_is_found(self):
+        paths = ["README.md", "docs/README.md", "docs/a.md", "docs/adr/b.md", "docs/c.md"]
+        self.assertEqual(pages_not_listed(paths, "[a](a.md), [b](adr/b.md)"), ["docs/c.md"])
 
     def test_long_header_and_missing_pragma_are_found(self):
         self.assertEqual(len(complaints_about("core/A.h", "\n" * 251)), 2)
