@@ -15,6 +15,8 @@ constexpr VARTYPE c_referenced[] = {VT_I2, VT_I4, VT_R8, VT_BOOL, VT_UNKNOWN, VT
 constexpr VARTYPE c_elements[] = {VT_I2,      VT_I4,  VT_R4, VT_R8,      VT_BSTR, VT_DISPATCH,
                                   VT_UNKNOWN, VT_UI1, VT_I8, VT_VARIANT, VT_BOOL, VT_CY};
 
+constexpr VARTYPE c_inScripts[] = {VT_I4, VT_R8, VT_BSTR, VT_DISPATCH};
+
 template <std::size_t Count>
 VARTYPE PickFrom(RandomEngine& random, const VARTYPE (&types)[Count]) {
     return types[PickBelow(random, Count)];
@@ -22,7 +24,13 @@ VARTYPE PickFrom(RandomEngine& random, const VARTYPE (&types)[Count]) {
 
 }  // namespace
 
+RandomVariant::RandomVariant() {
+    ::VariantInit(&value);
+    ::VariantInit(&m_inner);
+}
+
 RandomVariant::~RandomVariant() {
+    ::VariantClear(&m_inner);
     if (array) {
         EXPECT_EQ(::SafeArrayDestroy(array), S_OK) << "somebody keeps the array locked";
     }
@@ -30,15 +38,27 @@ RandomVariant::~RandomVariant() {
 }
 
 void RandomVariant::Fill(RandomEngine& random, IUnknown* object, IDispatch* dispatch) {
-    switch (PickBelow(random, 5)) {
+    switch (PickBelow(random, 7)) {
         case 0: {
             const VARTYPE type = PickFrom(random, c_elements);
             const VARTYPE label = PickOnceIn(random, 3) ? PickFrom(random, c_elements) : type;
             FillArray(label, type, 1 + PickBelow(random, 3), static_cast<LONG>(PickBelow(random, 5)) - 2,
                       PickBelow(random, 4));
             FillElements(random);
+            if (PickOnceIn(random, 4)) {
+                ReferToArray();
+            }
             break;
         }
+        case 5:
+            FillVariants(random, dispatch);
+            if (PickOnceIn(random, 2)) {
+                ReferToArray();
+            }
+            break;
+        case 6:
+            FillReferenceToVariant(random);
+            break;
         case 1:
             FillNullArray(PickFrom(random, c_elements));
             break;
@@ -92,6 +112,33 @@ void RandomVariant::FillReference(RandomEngine& random, VARTYPE type) {
     // References of objects point to a null pointer.
     m_target[0] = type == VT_UNKNOWN || type == VT_DISPATCH ? 0 : static_cast<LONGLONG>(random());
     value.byref = m_target;
+}
+
+void RandomVariant::FillVariants(RandomEngine& random, IDispatch* dispatch) {
+    FillArray(VT_VARIANT, VT_VARIANT, 1, 0, PickBelow(random, 4));
+    for (ULONG position = 0; position < count; ++position) {
+        RandomVariant filled;
+        filled.FillScalar(random, PickFrom(random, c_inScripts), nullptr, dispatch);
+        auto index = static_cast<LONG>(position);
+        EXPECT_EQ(::SafeArrayPutElement(array, &index, &filled.value), S_OK);
+    }
+}
+
+void RandomVariant::FillReferenceToVariant(RandomEngine& random) {
+    m_inner.vt = VT_I4;
+    m_inner.lVal = static_cast<LONG>(random());
+    if (PickOnceIn(random, 2)) {
+        m_inner.vt = VT_BSTR;
+        m_inner.bstrVal = ::SysAllocString(L"a text behind a reference");
+    }
+    value.vt = VT_BYREF | VT_VARIANT;
+    value.pvarVal = &m_inner;
+}
+
+void RandomVariant::ReferToArray() {
+    m_referred = array;
+    value.vt = static_cast<VARTYPE>(value.vt | VT_BYREF);
+    value.pparray = &m_referred;
 }
 
 void RandomVariant::FillArray(VARTYPE label, VARTYPE elementType, UINT dimensionCount, LONG lowerBound,

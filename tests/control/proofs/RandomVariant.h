@@ -21,7 +21,7 @@ using RandomEngine = std::mt19937;
 /// What it points to is owned here; the VARIANT itself owns nothing.
 class RandomVariant {
 public:
-    RandomVariant() { ::VariantInit(&value); }
+    RandomVariant();
     RandomVariant(const RandomVariant&) = delete;
     RandomVariant& operator=(const RandomVariant&) = delete;
     ~RandomVariant();
@@ -48,7 +48,13 @@ private:
     void FillScalar(RandomEngine& random, VARTYPE type, IUnknown* object, IDispatch* dispatch);
     void FillElements(RandomEngine& random);
     void FillReference(RandomEngine& random, VARTYPE type);
+    // What scripts hand over.
+    void FillVariants(RandomEngine& random, IDispatch* dispatch);
+    void FillReferenceToVariant(RandomEngine& random);
+    void ReferToArray();
 
+    VARIANT m_inner;  // of a reference to a VARIANT
+    SAFEARRAY* m_referred = nullptr;
     BSTR m_text = nullptr;
     LONGLONG m_target[2]{};  // of references
 };

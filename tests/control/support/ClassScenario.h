@@ -51,8 +51,9 @@ struct ClassScenario {
     bool readsInWindow = false;
     /// What LaunchDialog answers with the flags of the row's own button before the row has a window.
     HRESULT buttonAnswer = E_UNEXPECTED;
-    /// SetValue takes what the row can read as its value, and answers E_FAIL to all else.
-    bool readsValues = false;
+    /// SetValue takes texts of numbers and values of this type, and answers E_FAIL to all else; VT_ILLEGAL
+    /// where it takes every value.
+    VARTYPE numberType = VT_ILLEGAL;
     /// A value that is wider than the row is shown in a tip.
     bool hasTip = true;
     /// Puts into the drawing what the row offers, such as its layers.

@@ -43,7 +43,7 @@ constexpr ClassScenario DialogRow(std::string_view coclass, DISPID property, Use
 }
 
 /// The height of a drawn text object, typed into a box.
-constexpr ClassScenario NumberRow(std::string_view coclass) {
+constexpr ClassScenario NumberRow(std::string_view coclass, VARTYPE numberType) {
     return {.coclass = coclass,
             .before = {VT_R8, L"1.5"},
             .alike = {VT_R8, L"1.50001"},
@@ -53,7 +53,7 @@ constexpr ClassScenario NumberRow(std::string_view coclass) {
             .objectProperty = 233,
             .append = &AppendText,
             .buttonAnswer = S_OK,
-            .readsValues = true};
+            .numberType = numberType};
 }
 
 /// The direction of a drawn polyline, chosen from a list.
@@ -101,8 +101,9 @@ inline constexpr ClassScenario c_classScenarios[] = {
     DialogRow("KvPePropertyEditorEditButton", 104, Types(L"after")),
     DialogRow("KvPePropertyEditorEllipses", 104, PressesAndTypes(L"after")),
     DialogRow("KvPePropertyEditorEllipsesHyperlinks", 105, PressesAndTypes(L"after")),
-    NumberRow("KvPePropertyEditorNumeric"),
-    NumberRow("KvPePropertyEditorTOLMNumeric"),
+    NumberRow("KvPePropertyEditorNumeric", VT_R8),
+    // It never asks for the type of its property.
+    NumberRow("KvPePropertyEditorTOLMNumeric", VT_EMPTY),
     {.coclass = "KvPePropertyEditorLayer",
      .before = {VT_BSTR, L"Doors"},
      .alike = {VT_BSTR, L"DOORS"},
