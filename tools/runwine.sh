@@ -22,6 +22,11 @@ export TEST_PREMATURE_EXIT_FILE="Z:$scratch/premature"
 timeout --foreground -k 2 "${WINE_TEST_TIMEOUT:-300}" /usr/lib/wine/wine64 "$@" \
     >"$scratch/out" 2>"$scratch/err" </dev/null
 rc=$?
+# Where the platform checks the heaps, what it finds does not change the status of the program.
+if grep -qE '(err|warn):heap:' "$scratch/err"; then
+    echo "runwine: $1 ended with a damaged heap" >&2
+    rc=96
+fi
 tr -d '\r' <"$scratch/out"
 tr -d '\r' <"$scratch/err" >&2
 case $rc in

@@ -43,7 +43,7 @@ OTHER_CLASS = "KvPePropertyEditorBool"  # ready, but not offered by the wrong se
 def run(runner, program, module, fault="", options=()):
     environment = dict(os.environ, KV_CONFORM_FAULT=fault)
     done = subprocess.run([runner, program, *options, module], env=environment, stdout=subprocess.PIPE,
-                          stderr=subprocess.DEVNULL, check=False)
+                          check=False)
     return done.returncode, done.stdout.decode().replace("\r", "")
 
 

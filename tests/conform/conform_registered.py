@@ -13,6 +13,7 @@ SERVER_KEY = rf"HKCU\Software\Classes\CLSID\{CLASS_ID}\InprocServer32"
 
 def run(runner, program, *arguments):
     done = subprocess.run([runner, program, *arguments], stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False)
+    sys.stderr.buffer.write(done.stderr)
     return done.returncode, done.stdout.decode(), done.stderr.decode()
 
 

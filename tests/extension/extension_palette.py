@@ -18,7 +18,9 @@ MARK = "-----"
 
 
 def launch(*arguments, folder=None):
-    return subprocess.run(["sh", LAUNCHER, *arguments], cwd=folder, capture_output=True, check=False)
+    done = subprocess.run(["sh", LAUNCHER, *arguments], cwd=folder, capture_output=True, check=False)
+    sys.stderr.buffer.write(done.stderr)  # what a checked heap has found is looked for there
+    return done
 
 
 def two_texts():

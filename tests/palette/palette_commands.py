@@ -26,6 +26,7 @@ class Run:
 
     def __init__(self, folder, *arguments):
         done = subprocess.run(["sh", LAUNCHER, PROGRAM, *arguments], cwd=folder, capture_output=True)
+        sys.stderr.buffer.write(done.stderr)  # what a checked heap has found is looked for there
         self.status = done.returncode
         self.output = done.stdout.decode("utf-8")
         self.errors = done.stderr.decode("utf-8")
