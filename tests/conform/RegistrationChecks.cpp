@@ -78,6 +78,16 @@ void CheckCreated(Report& report, const TestedModule& module, const kvtest::Clas
         ::CoCreateInstance(*row.id, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, created.PutVoid()));
 }
 
+/// In the context of a manifest the id that a name gives is one of its own: what it creates tells the class.
+void CheckCreatedByName(Report& report, const kvtest::ClassRow& row, REFCLSID id, const std::string& rule) {
+    fw::ComPtr<IOleObject> created;
+    CLSID classId{};
+    if (SUCCEEDED(::CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IOleObject, created.PutVoid())) &&
+        SUCCEEDED(created->GetUserClassID(&classId))) {
+        report.Expect(rule + " is the class that its name creates", *row.id, classId);
+    }
+}
+
 DWORD Register(const TestedModule& module) {
     return kvtest::RunRegister(L" \"" + module.Path() + L"\"");
 }
@@ -99,6 +109,7 @@ void CheckManifest(Report& report, const TestedModule& module) {
         const std::string rule = "manifest: " + ToText(row.name);
         CLSID id{};
         report.Expect(rule + " is found by its name", S_OK, ::CLSIDFromProgID(row.progId, &id));
+        CheckCreatedByName(report, row, id, rule);
         CheckCreated(report, module, row, rule);
     }
 }

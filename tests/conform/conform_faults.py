@@ -3,40 +3,28 @@
 
 import json
 import os
+import shutil
 import subprocess
 import sys
+import tempfile
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "faulty"))
 sys.dont_write_bytecode = True
+import row_faults
 import wrong_types
 
-# The fault that the server is asked for, and rules of which one must be reported as broken.
-FAULTS = {
-    "drops-interface": "query: IQuickActivate is answered",
-    "foreign-identity": "query: IOleWindow has the identity of the control",
-    "leads-elsewhere": "query: IOleWindow leads to IQuickActivate of the same control",
-    "leads-nowhere": "query: IOleWindow leads to IOleWindow, which leads on to all but",
-    "extra-interface": "query: IKvPeColorCtrl, which the class table does not give the class, is refused",
-    "quick-status": "quick: dwMiscStatus has the bits of an embedded control",
-    "quick-policy": "quick: dwPointerActivationPolicy is cleared",
-    "keeps-site": "activation: the site is let go",
-    "site-order": "activation: in place calls the site in this order",
-    "deaf-to-hide": "verbs: hide takes the control out of sight",
-    "asks-for-all": "ambients: of other changes it takes no note",
-    "fails-without-ambients": "ambients: a site without ambient properties is no failure",
-    "ambient-as-method": "ambients: the back colour is taken",
-    "ambient-with-argument": "ambients: the font is taken",
-    "accelerators": "control information: no accelerators",
-    "other-class": "create: the control names its own class",
-    "first-sink": "connections: there is no point for the first sink interface",
-    "tells-twice": "events: sinks are called in the order of their connection",
-    "other-color-by-id": "dispatch: BackColor put through the interface is got by id",
-    "swaps-arrays": "init: by id",
-    "swaps-value": "dispatch: SetValue of a value that varies by id",
-    "swaps-dialog": "dispatch: LaunchDialog without a flag by id",
-    "keeps-module": "create: the module can be unloaded when no control lives",
-}
 CLASS = "KvPePropertyEditorText"
+# What is changed in the manifest, and the rules that must be reported as broken.
+MANIFEST_FAULTS = [
+    ("KvPEXCtl.KvPePropertyEditorBool.16", "KvPEXCtl.KvPePropertyEditorBool.17"),
+    ("KvPEXCtl.KvPePropertyEditorText.16", "KvPEXCtl.KvPePropertyEditorBool.16"),
+    ("{7C21FF74-D9D0-4C6B-9C25-1D41B58F4776}", "{7C21FF75-D9D0-4C6B-9C25-1D41B58F4776}"),
+]
+MANIFEST_RULES = [
+    "manifest: KvPePropertyEditorText is found by its name",
+    "manifest: KvPePropertyEditorLWeight is created as the module does it",
+    "manifest: KvPePropertyEditorBool is the class that its name creates",
+]
 OTHER_CLASS = "KvPePropertyEditorBool"  # ready, but not offered by the wrong server
 
 
@@ -65,18 +53,27 @@ def main():
     status, output = run(runner, program, faulty, options=["--json", "--class", CLASS])
     expect(f"without a fault the class must conform: {output}", status == 0)
 
-    for fault, rule in FAULTS.items():
-        status, output = run(runner, program, faulty, fault, ["--json", "--class", CLASS])
-        expect(f"{fault}: status {status}", status == 1)
-        found = [entry for entry in findings(output, CLASS) if entry["rule"] == rule]
-        expect(f"{fault}: not found among {findings(output, CLASS)}", len(found) > 0)
-        expect(f"{fault}: what was expected is what was found",
+    broken = []
+    for faults in row_faults.RUNS:
+        status, output = run(runner, program, faulty, ",".join(faults), ["--json", "--class", CLASS])
+        found = findings(output, CLASS)
+        broken.append({entry["rule"] for entry in found})
+        expect(f"{list(faults)}: status {status}", status == 1)
+        for fault, rule in faults.items():
+            expect(f"{fault}: not found among {sorted(broken[-1])}", rule in broken[-1])
+        expect(f"{list(faults)}: what was expected is what was found",
                all(entry["expected"] != entry["found"] for entry in found))
+    for faults in row_faults.RUNS:
+        for fault, rule in faults.items():
+            for others, rules in zip(row_faults.RUNS, broken):
+                told = any(fault in row_faults.ALSO.get(other, ()) for other in others)
+                expect(f"{fault}: breaks with {list(others)}, told {told}", (rule in rules) == (fault in others or told))
+                expect(f"{fault}: hidden by {list(others)}", not (told and fault in others))
 
     # The report for people names class, rule, expected and found.
     status, output = run(runner, program, faulty, "accelerators", ["--class", CLASS])
     expect(f"the text report: {output}",
-           f"FAIL  {CLASS}: " in output and FAULTS["accelerators"] in output and "expected: yes" in output
+           f"FAIL  {CLASS}: " in output and "control information: no accelerators" in output and "expected: yes" in output
            and "found:    no" in output)
 
     # No manifest lies beside this one.
@@ -90,6 +87,21 @@ def main():
     wanted = {rule for _, _, rules_of_fault in wrong_types.FAULTS for rule in rules_of_fault}
     wanted.add("manifest: it lies beside the module and is well formed")
     expect(f"the type library: not found {wanted - rules}, found {rules - wanted}", rules == wanted)
+
+    # The manifest lies beside the module, but tells three classes wrongly.
+    with tempfile.TemporaryDirectory() as folder:
+        shutil.copy(faulty, os.path.join(folder, "Named.qmx"))
+        os.symlink(os.path.join(os.path.dirname(program), "KvPEXCtl.qmx"), os.path.join(folder, "KvPEXCtl.qmx"))
+        with open(os.path.join(os.path.dirname(program), "KvPEXCtl.manifest"), encoding="utf-8") as file:
+            manifest = file.read().replace("KvPEXCtl.qmx", "Named.qmx")
+        for right, wrong in MANIFEST_FAULTS:
+            expect(f"the manifest: {right}", manifest.count(right) == 1)
+            manifest = manifest.replace(right, wrong)
+        with open(os.path.join(folder, "Named.manifest"), "w", encoding="utf-8") as file:
+            file.write(manifest)
+        status, output = run(runner, program, os.path.join(folder, "Named.qmx"), options=["--json"])
+        rules = [entry["rule"] for entry in findings(output, "the module") if entry["rule"].startswith("manifest: ")]
+        expect(f"the manifest: {rules}", rules == MANIFEST_RULES)
 
     status, output = run(runner, program, plain_library, options=["--json"])
     rules = [entry["rule"] for entry in findings(output, "the module")]

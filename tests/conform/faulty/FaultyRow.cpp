@@ -2,7 +2,6 @@
 
 #include <vector>
 
-#include "tests/conform/faulty/AmbientDetour.h"
 #include "tests/conform/faulty/Fault.h"
 
 namespace {
@@ -38,43 +37,6 @@ std::span<const fw::InterfaceEntry> FaultyRow::Interfaces() {
     return s_interfaces;
 }
 
-STDMETHODIMP FaultyRow::QuickActivate(QACONTAINER* container, QACONTROL* control) {
-    const HRESULT result = CKvPeEditTempl::QuickActivate(container, control);
-    if (SUCCEEDED(result) && HasFault(L"quick-status")) {
-        control->dwMiscStatus = 0;
-    }
-    if (SUCCEEDED(result) && HasFault(L"quick-policy")) {
-        control->dwPointerActivationPolicy = 1;
-    }
-    return result;
-}
-
-STDMETHODIMP FaultyRow::SetClientSite(IOleClientSite* site) {
-    if (site && HasFault(L"keeps-site")) {
-        site->AddRef();
-    }
-    const HRESULT result = CKvPeEditTempl::SetClientSite(site);
-    m_spAmbientDispatch = AmbientDetour::Around(m_spAmbientDispatch);
-    return result;
-}
-
-STDMETHODIMP FaultyRow::DoVerb(LONG verb, LPMSG message, IOleClientSite* site, LONG index, HWND parent,
-                               LPCRECT position) {
-    if (HasFault(L"site-order") && m_spClientSite) {
-        fw::Ignore(m_spClientSite->ShowObject());
-    }
-    if (HasFault(L"deaf-to-hide") && verb == OLEIVERB_HIDE) {
-        return S_OK;
-    }
-    return CKvPeEditTempl::DoVerb(verb, message, site, index, parent, position);
-}
-
-STDMETHODIMP FaultyRow::OnAmbientPropertyChange(DISPID id) {
-    return HasFault(L"fails-without-ambients") && !m_spAmbientDispatch
-               ? E_FAIL
-               : CKvPeEditTempl::OnAmbientPropertyChange(HasFault(L"asks-for-all") ? DISPID_UNKNOWN : id);
-}
-
 STDMETHODIMP FaultyRow::GetControlInfo(CONTROLINFO* info) {
     const HRESULT result = CKvPeEditTempl::GetControlInfo(info);
     if (SUCCEEDED(result) && HasFault(L"accelerators")) {
@@ -89,24 +51,4 @@ STDMETHODIMP FaultyRow::GetUserClassID(CLSID* classId) {
         *classId = CLSID_KvPePropertyEditorBool;
     }
     return result;
-}
-
-STDMETHODIMP FaultyRow::FindConnectionPoint(REFIID id, IConnectionPoint** result) {
-    const bool isFirst = id == __uuidof(IKvPiPropertyEditEventsSink) && HasFault(L"first-sink");
-    return CKvPeEditTempl::FindConnectionPoint(isFirst ? __uuidof(IKvPiPropertyEditEventsSink2) : id, result);
-}
-
-STDMETHODIMP FaultyRow::Close(DWORD saveOption) {
-    const HRESULT closed = CKvPeEditTempl::Close(saveOption);
-    if (HasFault(L"keeps-module")) {
-        GetModule()->Lock();
-    }
-    return closed;
-}
-
-HRESULT FaultyRow::FireKeyDownEvent(UINT_PTR key, LONG_PTR keyData) {
-    if (HasFault(L"tells-twice")) {
-        fw::Ignore(CKvPeEditTempl::FireKeyDownEvent(key, keyData));
-    }
-    return CKvPeEditTempl::FireKeyDownEvent(key, keyData);
 }

@@ -1,0 +1,106 @@
+"""The faults of the wrong row, and for each the rule that must be reported as broken.
+
+One entry is one run: faults that do not hide each other are asked for together, since a run costs more than the checks.
+No rule of one run may break in another, but for what ALSO tells: so that each is known to break by its own fault.
+"""
+
+RUNS = [
+    # What the other checks go through is missing: alone.
+    {"drops-interface": "query: IQuickActivate is answered"},
+    {
+        "foreign-identity": "query: IOleWindow has the identity of the control",
+        "extra-interface": "query: IKvPeColorCtrl, which the class table does not give the class, is refused",
+    },
+    {"leads-elsewhere": "query: IOleWindow leads to IQuickActivate of the same control"},
+    {"leads-nowhere": "query: IOleWindow leads to IOleWindow, which leads on to all but"},
+    {
+        "quick-status": "quick: dwMiscStatus has the bits of an embedded control",
+        "quick-policy": "quick: dwPointerActivationPolicy is cleared",
+        "quick-drops-events": "quick: dwEventCookie stands for a connection",
+        "quick-drops-notices": "quick: dwPropNotifyCookie stands for a connection",
+        "quick-drops-view": "quick: pAdviseSink hears of the view",
+        "quick-drops-font": "quick: pFont counts where the site has none",
+        "quick-swaps-colors": "quick: colorFore counts where the site has none",
+        "quick-cuts-extent": "quick: GetContentExtent gives what was set",
+        "site-order": "activation: in place calls the site in this order",
+        "deaf-to-hide": "verbs: hide takes the control out of sight",
+        "asks-for-all": "ambients: of other changes it takes no note",
+        "loses-view-sink": "notices: the view sink is given back",
+        "first-sink": "connections: there is no point for the first sink interface",
+        "tells-twice": "events: sinks are called in the order of their connection",
+        "other-class": "create: the control names its own class",
+    },
+    {
+        "quick-needs-sink": "quick: a container with a site alone is served",
+        "quick-takes-short-record": "quick: a short container record is refused",
+        "quick-without-record": "quick: no container record is refused",
+        "deaf-to-show": "verbs: show shows the control",
+        "ends-silently": "activation: UIDeactivate tells frame and site in this order",
+        "insists": "activation: a site that refuses is asked nothing more",
+        "fails-without-ambients": "ambients: a site without ambient properties is no failure",
+        "keeps-notice-sink": "notices: sinks that left are let go",
+        "takes-any-sink": "connections: a sink of another kind is refused",
+        "tells-newcomers": "events: a sink that comes inside an event does not hear of it",
+        "two-descriptions": "dispatch: there is one description",
+        "other-id-of-name": "dispatch: the id of Refresh",
+        "swaps-arrays": "init: by id",
+    },
+    {
+        "no-verbs": "verbs: the list",
+        "knows-all-verbs": "verbs: an unknown verb of the system is refused",
+        "refuses-own-verbs": "verbs: an unknown verb of its own counts as the primary one",
+        "deaf-to-open": "verbs: open shows the control",
+        "activates-by-half": "activation: a failed activation is taken back",
+        "keeps-site": "activation: the site is let go",
+        "forgets-color": "ambients: a site that knows none leaves the back colour",
+        "accelerators": "control information: no accelerators",
+        "no-notice-cookie": "notices: the sink's cookie takes it out",
+        "cookie-for-refused": "connections: a refused sink gets no cookie",
+        "tells-the-mute": "events: a sink that no longer answers the query is left out",
+        "other-description": "dispatch: the description is that of the control's interface",
+        "knows-all-names": "dispatch: an unknown name is refused",
+        "swaps-value": "dispatch: SetValue of a value that varies by id",
+    },
+    {
+        "needs-ambients": "ambients: a control can be active without any",
+        "ambient-as-method": "ambients: the back colour is taken",
+        "any-notice-cookie": "notices: a cookie counts once",
+        "same-cookie": "connections: the same sink may connect twice, with two cookies",
+        "any-description": "dispatch: GetTypeInfo of another index is refused",
+        "other-color-by-id": "dispatch: BackColor put through the interface is got by id",
+        "knows-all-ids": "dispatch: an unknown id is refused",
+        "needs-no-arguments": "dispatch: a method with too few arguments is refused",
+        "puts-keep-focus": "dispatch: KeepFocus cannot be put",
+        "property-as-method": "dispatch: ForeColor cannot be called as a method",
+        "swaps-dialog": "dispatch: LaunchDialog without a flag by id",
+    },
+    {
+        "ambient-with-argument": "ambients: the font is taken",
+        "keeps-window": "activation: Close takes the window away",
+        "any-cookie": "connections: an unknown cookie is refused",
+        "ignores-reserved-id": "dispatch: an unknown reserved id is refused",
+    },
+    {
+        "point-without-owner": "connections: a point leads back to its control",
+        "keeps-event-sink": "connections: a sink that left is let go",
+    },
+    {"tells-those-gone": "events: sinks that have gone hear of nothing"},
+    {"outlives-its-end": "events: nothing of it keeps the module"},
+    {"keeps-module": "create: the module can be unloaded when no control lives"},
+]
+
+# What a fault breaks besides, of the rules of others: these stand in other runs.
+ALSO = {
+    "drops-interface": {"leads-nowhere"},
+    "foreign-identity": {"leads-nowhere", "outlives-its-end", "keeps-module"},
+    "leads-elsewhere": {"leads-nowhere"},
+    "site-order": {"insists", "activates-by-half"},
+    "tells-twice": {"tells-newcomers", "tells-the-mute", "tells-those-gone"},
+    "tells-those-gone": {"keeps-event-sink"},
+    "ambient-as-method": {"site-order", "ambient-with-argument"},
+    "ambient-with-argument": {"site-order", "ambient-as-method"},
+    "same-cookie": {"keeps-event-sink"},
+    "needs-no-arguments": {"ignores-reserved-id"},
+    "outlives-its-end": {"keeps-module"},
+    "keeps-module": {"outlives-its-end"},
+}
