@@ -19,7 +19,7 @@ public:
 
 private:
     void AddKey(HKEY key, const std::wstring& path);
-    void AddValues(HKEY key, const std::wstring& path);
+    void AddValue(HKEY key, const std::wstring& path, DWORD index, DWORD longest);
 
     std::set<std::wstring> m_entries;
 };

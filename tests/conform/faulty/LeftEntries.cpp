@@ -32,6 +32,6 @@ void LeaveEntries() {
         SetText(s_classes + L"\\KvConformOther", L"left");
     }
     if (HasFault(L"takes-from-others")) {
-        ::RegDeleteTreeW(HKEY_CURRENT_USER, (s_classes + L"\\KvConformOther").c_str());
+        ::RegDeleteTreeW(HKEY_CURRENT_USER, (s_classes + L"\\KvConformTaken").c_str());
     }
 }
