@@ -37,7 +37,12 @@ STDMETHODIMP FaultyRow::DoVerb(LONG verb, LPMSG message, IOleClientSite* site, L
     if (answer != E_PENDING) {
         return answer;
     }
-    const HRESULT result = CKvPeEditTempl::DoVerb(verb, message, site, index, parent, position);
+    const bool isForUser = verb == OLEIVERB_OPEN && HasFault(L"opens-for-user");
+    const HRESULT result = CKvPeEditTempl::DoVerb(isForUser ? OLEIVERB_UIACTIVATE : verb, message, site,
+                                                  index, parent, position);
+    if (m_hWnd && HasFault(L"lies-elsewhere")) {
+        ::SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
     const auto place = fw::QueryFrom<IOleInPlaceSite>(m_spClientSite.Get());
     const bool hasNoContext = result == E_UNEXPECTED;
     if (FAILED(result) && place && HasFault(hasNoContext ? L"activates-by-half" : L"insists")) {

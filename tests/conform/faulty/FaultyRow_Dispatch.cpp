@@ -6,6 +6,8 @@
 
 namespace {
 
+constexpr DISPID s_keepFocus = 3;
+
 /// Two arguments of an operation, counted from the last, that change places.
 struct Swap {
     const wchar_t* fault;
@@ -29,10 +31,9 @@ std::vector<VARIANT> ArgumentsOf(const DISPPARAMS& parameters, DISPID id) {
 
 bool AcceptsBlindly(DISPID id, WORD flags, const DISPPARAMS& parameters) {
     constexpr DISPID refresh = 2;
-    constexpr DISPID keepFocus = 3;
     return (id == 12345 && HasFault(L"knows-all-ids")) ||
            (id == refresh && parameters.cArgs == 0 && HasFault(L"needs-no-arguments")) ||
-           (id == keepFocus && flags == DISPATCH_PROPERTYPUT && HasFault(L"puts-keep-focus")) ||
+           (id == s_keepFocus && flags == DISPATCH_PROPERTYPUT && HasFault(L"puts-keep-focus")) ||
            (id == DISPID_FORECOLOR && flags == DISPATCH_METHOD && HasFault(L"property-as-method"));
 }
 
@@ -75,6 +76,12 @@ STDMETHODIMP FaultyRow::Invoke(DISPID id, REFIID reserved, LCID locale, WORD fla
                                                    locale, flags, &given, result, exception, badArgument);
     if (SUCCEEDED(invoked) && result && id == DISPID_BACKCOLOR && HasFault(L"other-color-by-id")) {
         ++result->ulVal;
+    }
+    if (SUCCEEDED(invoked) && result && id == s_keepFocus && HasFault(L"other-focus-by-id")) {
+        result->boolVal = result->boolVal == VARIANT_FALSE ? VARIANT_TRUE : VARIANT_FALSE;
+    }
+    if (SUCCEEDED(invoked) && result && id == DISPID_FONT && HasFault(L"no-font-by-id")) {
+        ::VariantClear(result);
     }
     return invoked;
 }

@@ -5,6 +5,9 @@ STDMETHODIMP FaultyRow::QuickActivate(QACONTAINER* container, QACONTROL* control
     if (!container && HasFault(L"quick-without-record")) {
         return S_OK;
     }
+    if (!control && HasFault(L"quick-without-answer")) {
+        return S_OK;
+    }
     if (!container || !control) {
         return CKvPeEditTempl::QuickActivate(container, control);
     }

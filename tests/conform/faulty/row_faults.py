@@ -23,6 +23,8 @@ RUNS = [
         "quick-swaps-colors": "quick: colorFore counts where the site has none",
         "quick-cuts-extent": "quick: GetContentExtent gives what was set",
         "site-order": "activation: in place calls the site in this order",
+        "opens-for-user": "verbs: open does not activate for the user",
+        "other-focus-by-id": "dispatch: KeepFocus is the same both ways",
         "deaf-to-hide": "verbs: hide takes the control out of sight",
         "asks-for-all": "ambients: of other changes it takes no note",
         "loses-view-sink": "notices: the view sink is given back",
@@ -33,6 +35,7 @@ RUNS = [
     {
         "quick-needs-sink": "quick: a container with a site alone is served",
         "quick-takes-short-record": "quick: a short container record is refused",
+        "quick-without-answer": "quick: no control record is refused",
         "quick-without-record": "quick: no container record is refused",
         "deaf-to-show": "verbs: show shows the control",
         "ends-silently": "activation: UIDeactivate tells frame and site in this order",
@@ -46,6 +49,7 @@ RUNS = [
         "swaps-arrays": "init: by id",
     },
     {
+        "lies-elsewhere": "activation: the window lies where the site said",
         "no-verbs": "verbs: the list",
         "knows-all-verbs": "verbs: an unknown verb of the system is refused",
         "refuses-own-verbs": "verbs: an unknown verb of its own counts as the primary one",
@@ -70,6 +74,7 @@ RUNS = [
         "other-color-by-id": "dispatch: BackColor put through the interface is got by id",
         "knows-all-ids": "dispatch: an unknown id is refused",
         "needs-no-arguments": "dispatch: a method with too few arguments is refused",
+        "no-font-by-id": "dispatch: Font put through the interface is got by id",
         "puts-keep-focus": "dispatch: KeepFocus cannot be put",
         "property-as-method": "dispatch: ForeColor cannot be called as a method",
         "swaps-dialog": "dispatch: LaunchDialog without a flag by id",
