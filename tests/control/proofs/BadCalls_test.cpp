@@ -3,7 +3,7 @@
 #include "refhost/db/UndoController.h"
 #include "refhost/testing/Answers.h"
 #include "tests/control/proofs/AnswerToSetValue.h"
-#include "tests/control/proofs/RandomVariant.h"
+#include "tests/control/proofs/InitTriple.h"
 #include "tests/control/support/AvailableClass.h"
 #include "tests/control/support/ModuleLock.h"
 #include "tests/control/support/RowContainer.h"
@@ -17,6 +17,10 @@ using kvtest::RandomVariant;
 
 int Calls() {
     return kvtest::RoundsOfEach(kvtest::AvailableClasses().size(), 10'000, 10'000);
+}
+
+int Triples() {
+    return kvtest::RoundsOfEach(kvtest::AvailableClasses().size(), 2'400, 10'000);
 }
 
 class BadCalls : public kvtest::RowContainer, public ::testing::WithParamInterface<kvtest::AvailableClass> {
@@ -170,6 +174,34 @@ TEST_P(BadCalls, RowInItsWindow_RandomArguments_GiveTheResultOfTheRules) {
     }
     EXPECT_GT(inEdit, rounds / 10);
     EXPECT_GT(accepted, rounds / 200);
+}
+
+// Rows that read in their window have their say only here.
+TEST_P(BadCalls, RowInItsWindow_RandomTriples_GiveTheResultOfTheRulesAndAreLetGo) {
+    kvtest::ClassScenario inWindow = scenario;
+    inWindow.readsInWindow = false;
+    if (scenario.readsInWindow) {
+        inWindow.alike = inWindow.before;  // names that differ in case are no entry of a filled list
+    }
+    kvtest::SelectionPool pool(inWindow);
+    int taken = 0;
+    const int triples = Triples();
+    for (int round = 0; round < triples && !HasFailure(); ++round) {
+        Discard();
+        EXPECT_TRUE(pool.IsReleased());
+        Create(*GetParam().id);
+        ASSERT_EQ(DoVerb(OLEIVERB_INPLACEACTIVATE), S_OK);
+        kvtest::InitTriple triple(random, pool);
+        const HRESULT result = control->InitEditControl(triple.Objects(), triple.DynamicProperties(),
+                                                        triple.Dispids(), VARIANT_FALSE);
+        EXPECT_EQ(result, triple.Expected()) << "round " << round << triple;
+        taken += SUCCEEDED(result) ? 1 : 0;
+        Clear();
+    }
+    Discard();
+    EXPECT_TRUE(pool.IsReleased());
+    EXPECT_GT(taken, triples / 20);
+    EXPECT_LT(taken, triples / 2);
 }
 
 KV_FOR_EACH_AVAILABLE_CLASS(BadCalls);
