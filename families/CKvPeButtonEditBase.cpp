@@ -8,6 +8,7 @@
 #include "core/ModuleTexts.h"
 #include "core/OleColors.h"
 #include "families/SmallButtonLayout.h"
+#include "framework/com/Guarded.h"
 #include "resources/Ids.h"
 
 namespace {
@@ -169,13 +170,13 @@ HRESULT CKvPeButtonEditBase::Handle_UIDeactivate() {
 LRESULT CKvPeButtonEditBase::OnButtonCommand(WORD code, WORD id, HWND, BOOL& handled) {
     if (IsSmallButton(id) && code == BN_CLICKED) {
         fw::Ignore(m_events->FireBeginPropertyUpdateEvent());  // no sink can change what follows
-        if (id == KVPE_ID_CALCULATOR_BUTTON) {
-            fw::Ignore(LaunchCalculator());  // what fails has told the user; the same for the others
-        } else if (id == KVPE_ID_PICK_BUTTON) {
-            fw::Ignore(OnPickButton());
-        } else {
-            fw::Ignore(OnCustomButton(id));
-        }
+        // What fails has told the user. The end of the update is told also behind what the host throws.
+        fw::Ignore(fw::Guarded([&] {
+            if (id == KVPE_ID_CALCULATOR_BUTTON) {
+                return LaunchCalculator();
+            }
+            return id == KVPE_ID_PICK_BUTTON ? OnPickButton() : OnCustomButton(id);
+        }));
         const CustomButton* const record = FindVisibleButton(id);
         if (m_bShowButtons && record) {
             record->m_pButton->Invalidate();

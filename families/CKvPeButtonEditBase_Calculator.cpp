@@ -4,6 +4,7 @@
 #include "core/CTemporaryResourceOverride.h"
 #include "families/CKvPeButtonEditBase.h"
 #include "families/CalculatorLibraries.h"
+#include "framework/com/Guarded.h"
 #include "host_sdk/KvDbUnits.h"
 #include "host_sdk/KvEdVariables.h"
 #include "resources/Ids.h"
@@ -97,9 +98,10 @@ HRESULT CKvPeButtonEditBase::LaunchCalculator() {
     RETURN_HR_IF(S_OK, !record.Construct());
 
     m_keepEditOnHide = TRUE;
+    const HRESULT confirmed =
+        fw::Guarded([&] { return invokeDialog(&record.Get(), &caption, &text, writable) ? S_OK : S_FALSE; });
     bool boxIsReadOnly = true;
-    if (invokeDialog(&record.Get(), &caption, &text, writable) && SUCCEEDED(EditBoxReadOnly(boxIsReadOnly)) &&
-        !boxIsReadOnly) {
+    if (confirmed == S_OK && SUCCEEDED(EditBoxReadOnly(boxIsReadOnly)) && !boxIsReadOnly) {
         SetCalculatorResult(&record.Get());
     }
     m_keepEditOnHide = FALSE;

@@ -33,7 +33,14 @@ HRESULT CKvPeComboBase::Cleanup() {
     return CKvPeCtrlBase::Cleanup();
 }
 
+void CKvPeComboBase::EndOwnPreview() {
+    if (m_showsPreview) {
+        fw::Ignore(CKvPeComboBase::EndLivePreview());  // the drawing gets its real state back
+    }
+}
+
 void CKvPeComboBase::DropChildren() {
+    EndOwnPreview();
     // Out of the row first: the windows may speak to it as they end, and a row without a list commits
     // nothing.
     const std::unique_ptr<CLzUiComboBox> list = std::move(m_pList);
@@ -45,6 +52,7 @@ void CKvPeComboBase::DropChildren() {
 
 void CKvPeComboBase::ForgetEndedWindows() {
     if (m_pList && !HasList()) {
+        EndOwnPreview();
         m_pList.reset();
         m_childWindow = nullptr;
         if (IsInEdit()) {
@@ -101,7 +109,13 @@ HRESULT CKvPeComboBase::Handle_InitEditControl(VARIANT* objects, VARIANT* dynami
 HRESULT CKvPeComboBase::Handle_Refresh() {
     m_nCurItem = GetCurrentItem();
     m_nPreviewItem = m_nCurItem;
-    RETURN_HR_IF(E_FAIL, m_nCurItem == -1);
+    if (m_nCurItem == -1) {
+        // The entry that is marked in the list stands for the former value, and nobody chooses it now.
+        if (HasList()) {
+            m_pList->SetCurSel(-1);
+        }
+        return E_FAIL;
+    }
     m_strText = GetItemText(m_nCurItem);
     if (HasList()) {
         if (m_pList->GetCurSel() == m_nCurItem) {

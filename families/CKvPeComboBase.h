@@ -124,12 +124,17 @@ protected:
     BOOL m_bHasDialog = FALSE;
     bool m_bNeedsActiveDatabase = false;
     int m_nPreviewItem = -1;
+    bool m_isCommitting = false;
 
 private:
     [[nodiscard]] bool IsReadOnlyRow();
     [[nodiscard]] bool IsInEdit() const;
     [[nodiscard]] bool HasButton() const { return m_pButton && m_pButton->IsWindow(); }
     void DropChildren();
+    /// Takes back what this row shows on the drawing, where it goes without the end of its edit.
+    void EndOwnPreview();
+    /// Ends the edit of a row that is left.
+    void LeaveEdit();
     /// Lets go of children whose windows went with the container's, and with them of the edit that ran there.
     void ForgetEndedWindows();
 
@@ -147,4 +152,7 @@ private:
     void FocusList();
     void RepaintList();
     void ShowChildren(int command);
+
+    bool m_showsPreview = false;
+    int m_hoveredItem = -1;  // under the mouse in the open list
 };

@@ -14,6 +14,18 @@ constexpr int c_openRows = 9;
 // The window's frame lies outside of the row.
 constexpr LONG c_frame = 2;
 
+// Says that a choice is being written, for as long as it lives.
+class CommitMark {
+public:
+    explicit CommitMark(bool& isCommitting) : m_isCommitting(isCommitting) { m_isCommitting = true; }
+    CommitMark(const CommitMark&) = delete;
+    CommitMark& operator=(const CommitMark&) = delete;
+    ~CommitMark() { m_isCommitting = false; }
+
+private:
+    bool& m_isCommitting;
+};
+
 }  // namespace
 
 HRESULT CKvPeComboBase::BeginEdit(const RECT& bounds) {
@@ -42,7 +54,7 @@ HRESULT CKvPeComboBase::BeginEdit(const RECT& bounds) {
         RETURN_HR_IF(E_FAIL, !HasList());
     }
     OpenList(bounds);
-    return S_OK;
+    return HasList() ? S_OK : E_FAIL;
 }
 
 HRESULT CKvPeComboBase::PrepareList(const CRect& row) {
@@ -65,10 +77,12 @@ void CKvPeComboBase::OpenList(const RECT& bounds) {
     if (HasButton()) {
         m_pButton->ShowWindow(SW_SHOW);
     }
-    FocusList();
     m_state = EditState_InEdit;
-    if (!HasList()) {
-        return;  // the focus can bring the palette to let the row go
+    FocusList();
+    // The focus can bring the palette to leave the row, to end its window or to let it go.
+    ForgetEndedWindows();
+    if (!HasList() || !IsInEdit()) {
+        return;
     }
     fw::Ignore(Handle_SetObjectRects(&bounds, &bounds));  // it places what is there
     if (HasList()) {
@@ -108,6 +122,8 @@ HRESULT CKvPeComboBase::Handle_SetObjectRects(const RECT* bounds, const RECT*) {
 
 HRESULT CKvPeComboBase::EndEdit() {
     RETURN_HR_IF(E_FAIL, !IsInEdit() || !HasList());
+    RETURN_HR_IF(S_OK, m_isCommitting);  // the palette leaves the row in the middle of the write
+    m_hoveredItem = -1;
     fw::Ignore(EndLivePreview());  // whatever is decided starts from the drawing's real state
     RETURN_HR_IF(E_FAIL, !HasList());
     m_bDrawHighlighted = FALSE;
@@ -137,6 +153,7 @@ void CKvPeComboBase::TakeChoiceBack(int choice) {
 }
 
 HRESULT CKvPeComboBase::Commit(int choice) {
+    const CommitMark mark(m_isCommitting);
     m_state = EditState_Committing;
     m_pList->SetRedraw(FALSE);
     // What the host throws is a refusal like any other.
@@ -154,7 +171,9 @@ HRESULT CKvPeComboBase::Commit(int choice) {
     m_strText = GetItemText(m_nCurItem);
     m_textTip.HideTextTooltip();
     SetTextTipOwner();
-    FocusList();
+    if (IsInEdit()) {
+        FocusList();
+    }
     if (const HWND window = ControlWindow()) {
         ::InvalidateRect(window, nullptr, TRUE);
     }

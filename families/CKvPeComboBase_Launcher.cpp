@@ -6,6 +6,7 @@
 #include "core/SelectionEntry.h"
 #include "families/CKvPeComboBase.h"
 #include "framework/com/Bstr.h"
+#include "framework/com/Guarded.h"
 #include "host_sdk/IDynamicPropertyDialog.h"
 
 namespace {
@@ -103,7 +104,7 @@ HRESULT CKvPeComboBase::OnButtonCommand(WORD code, WORD id, HWND, BOOL& handled)
         return S_OK;
     }
     fw::Ignore(m_events->FireBeginPropertyUpdateEvent());  // no sink can change what follows; the same below
-    const HRESULT launched = OnLaunchButton();
+    const HRESULT launched = fw::Guarded([this] { return OnLaunchButton(); });
     if (m_bHasDialog && HasButton() && m_pButton->IsWindowVisible()) {
         m_pButton->Invalidate();
     }

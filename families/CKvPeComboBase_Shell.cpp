@@ -73,7 +73,7 @@ HRESULT CKvPeComboBase::Handle_get_KeepFocus(short* keepFocus) {
 
 HRESULT CKvPeComboBase::Handle_DoVerbHide() {
     if (!m_keepEditOnHide && IsInEdit()) {
-        fw::Ignore(EndEdit());  // a refused write was told to the user; the row is hidden all the same
+        LeaveEdit();
         m_state = EditState_Shown;
     }
     ShowChildren(SW_HIDE);
@@ -103,13 +103,22 @@ void CKvPeComboBase::ShowChildren(int command) {
     }
 }
 
+void CKvPeComboBase::LeaveEdit() {
+    // An open list marks the entry under the mouse, and nobody has chosen that.
+    if (HasList() && m_pList->GetDroppedState() && m_pList->GetCurSel() == m_hoveredItem) {
+        m_bCancelled = TRUE;
+    }
+    fw::Ignore(EndEdit());  // a refused write was told to the user; the row is left all the same
+    m_bCancelled = FALSE;
+}
+
 HRESULT CKvPeComboBase::Handle_UIDeactivate() {
     if (HasButton()) {
         m_pButton->ShowWindow(SW_HIDE);
         m_pButton->Invalidate();
     }
     if (IsInEdit()) {
-        fw::Ignore(EndEdit());  // a refused write was told to the user; the row is left all the same
+        LeaveEdit();
     }
     m_state = EditState_Shown;
     if (HasList()) {
@@ -121,13 +130,18 @@ HRESULT CKvPeComboBase::Handle_UIDeactivate() {
 
 HRESULT CKvPeComboBase::OnSelectionCancel(UINT, WPARAM, LPARAM, BOOL&) {
     m_bCancelled = TRUE;
-    return EndEdit();
+    const HRESULT ended = EndEdit();
+    m_bCancelled = FALSE;  // a cancel that found nothing to take back is no part of the next choice
+    return ended;
 }
 
 HRESULT CKvPeComboBase::OnSelectionEndOk(UINT, WPARAM, LPARAM, BOOL&) {
     m_bCancelled = FALSE;
     const HRESULT ended = EndEdit();
-    m_state = EditState_ChoiceAccepted;
+    // What the write tells can bring the palette to leave the row.
+    if (IsInEdit()) {
+        m_state = EditState_ChoiceAccepted;
+    }
     return ended;
 }
 

@@ -24,6 +24,7 @@ public:
             fw::OnCommand(KVPE_ID_LIST, CBN_SELENDCANCEL, &Shell::OnDropDownCancelled),
             fw::OnCommand(KVPE_ID_LIST, CBN_SELENDOK, &Shell::OnDropDownAccepted),
             fw::OnMessage(WM_KVPE_CANCEL_DROPDOWN, &Shell::OnCancelDropDown),
+            fw::OnMessage(WM_DESTROY, &Shell::OnDestroyWindow),
         };
         const fw::ComPtr<IUnknown> self(this->GetUnknown());
         LRESULT result = 0;
@@ -105,6 +106,13 @@ private:
         }
         m_cancelPending = false;
         return this->Logic()->OnSelectionCancel(message, wParam, lParam, handled);
+    }
+
+    // The cancel that was posted goes with the window.
+    LRESULT OnDestroyWindow(UINT, WPARAM, LPARAM, BOOL& handled) {
+        m_cancelPending = false;
+        handled = FALSE;
+        return 0;
     }
 
     // A row that is left before its cancel comes would take the entry under the mouse for a choice.

@@ -105,7 +105,7 @@ bool CKvPeEnumBase::SyncVariesItem(ValueType valueType) {
 
 bool CKvPeEnumBase::SyncPseudoItem(bool wanted, long sentinel, const CString& text, int& index, int& other) {
     if (wanted && index < 0) {
-        Append(fw::Variant::FromLong(sentinel).Get(), text.View());
+        Append(m_entries, fw::Variant::FromLong(sentinel).Get(), text.View());
         index = static_cast<int>(m_entries.size()) - 1;
         return true;
     }

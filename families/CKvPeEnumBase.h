@@ -45,13 +45,15 @@ protected:
     int m_nVariesItem = -1;
 
 private:
+    using Entries = std::list<KvPeEnumEntry>;
+
     // Where entries come from
-    [[nodiscard]] HRESULT GatherFromProperty(IUnknown* property);
-    [[nodiscard]] HRESULT GatherFromObject();
-    [[nodiscard]] HRESULT GatherFromBrowsing(IDispatch* object, DISPID dispid);
-    void GatherFromTypeLibrary(IDispatch* object, DISPID dispid);
+    [[nodiscard]] HRESULT GatherFromProperty(IUnknown* property, Entries& entries);
+    [[nodiscard]] HRESULT GatherFromObject(Entries& entries);
+    [[nodiscard]] HRESULT GatherFromBrowsing(IDispatch* object, DISPID dispid, Entries& entries);
+    void GatherFromTypeLibrary(IDispatch* object, DISPID dispid, Entries& entries);
     const KvPeEnumTypeInfo& TypeEnum(IDispatch* object, DISPID dispid);
-    void Append(const VARIANT& value, std::wstring_view name);
+    static void Append(Entries& entries, const VARIANT& value, std::wstring_view name);
 
     // Both are true when the list has changed.
     bool SyncUnspecifiedItem();

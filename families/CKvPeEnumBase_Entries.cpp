@@ -4,20 +4,21 @@
 #include "families/PredefinedStrings.h"
 
 HRESULT CKvPeEnumBase::BuildEntryList(ValueType valueType) {
+    // Gathered beside: what is asked may lead to a refresh of the row, which gathers them as well.
+    Entries entries;
+    IUnknown* const property = FirstDynamicProperty();
+    const HRESULT gathered = property ? GatherFromProperty(property, entries) : GatherFromObject(entries);
     m_entries.clear();
-    if (IUnknown* const property = FirstDynamicProperty()) {
-        RETURN_IF_FAILED_EXPECTED(GatherFromProperty(property));
-    } else {
-        RETURN_IF_FAILED_EXPECTED(GatherFromObject());
-    }
     m_nUnspecifiedItem = -1;
     m_nVariesItem = -1;
+    RETURN_IF_FAILED_EXPECTED(gathered);  // a part of the entries would pass for all
+    m_entries = std::move(entries);
     SyncUnspecifiedItem();
     SyncVariesItem(valueType);
     return S_OK;
 }
 
-HRESULT CKvPeEnumBase::GatherFromProperty(IUnknown* property) {
+HRESULT CKvPeEnumBase::GatherFromProperty(IUnknown* property, Entries& entries) {
     if (!fw::IsSameObject(m_pEnumProperty.Get(), property)) {
         m_pEnumProperty = fw::QueryFrom<IDynamicPropertyEnum>(property);
     }
@@ -31,13 +32,13 @@ HRESULT CKvPeEnumBase::GatherFromProperty(IUnknown* property) {
         fw::Variant data;
         if (SUCCEEDED(values->GetValueName(index, name.Put())) &&
             SUCCEEDED(values->GetValueData(index, data.Put()))) {
-            Append(data.Get(), name.View());
+            Append(entries, data.Get(), name.View());
         }
     }
     return S_OK;
 }
 
-HRESULT CKvPeEnumBase::GatherFromObject() {
+HRESULT CKvPeEnumBase::GatherFromObject(Entries& entries) {
     const fw::ComPtr<IDispatch> object = FirstObject();
     RETURN_HR_IF(E_FAIL, !object);
     const DISPID dispid = m_dispids[0];
@@ -45,13 +46,13 @@ HRESULT CKvPeEnumBase::GatherFromObject() {
         m_pBrowsing = object.As<IPerPropertyBrowsing>();
     }
     if (m_pBrowsing) {
-        return GatherFromBrowsing(object.Get(), dispid);
+        return GatherFromBrowsing(object.Get(), dispid, entries);
     }
-    GatherFromTypeLibrary(object.Get(), dispid);
+    GatherFromTypeLibrary(object.Get(), dispid, entries);
     return S_OK;
 }
 
-HRESULT CKvPeEnumBase::GatherFromBrowsing(IDispatch* object, DISPID dispid) {
+HRESULT CKvPeEnumBase::GatherFromBrowsing(IDispatch* object, DISPID dispid, Entries& entries) {
     const fw::ComPtr<IPerPropertyBrowsing> browsing = m_pBrowsing;
     PredefinedStrings strings;
     RETURN_HR_IF(E_FAIL, FAILED(strings.Read(*browsing.Get(), dispid)));
@@ -64,15 +65,15 @@ HRESULT CKvPeEnumBase::GatherFromBrowsing(IDispatch* object, DISPID dispid) {
         } else {
             RETURN_IF_FAILED_EXPECTED(told);
         }
-        Append(value.Get(), strings.Text(index));
+        Append(entries, value.Get(), strings.Text(index));
     }
     return S_OK;
 }
 
-void CKvPeEnumBase::GatherFromTypeLibrary(IDispatch* object, DISPID dispid) {
+void CKvPeEnumBase::GatherFromTypeLibrary(IDispatch* object, DISPID dispid, Entries& entries) {
     const KvPeEnumTypeInfo& type = TypeEnum(object, dispid);
     for (std::size_t index = 0; index < type.values.size(); ++index) {
-        Append(type.values[index].Get(), type.names[index].View());
+        Append(entries, type.values[index].Get(), type.names[index].View());
     }
 }
 
@@ -83,11 +84,11 @@ const KvPeEnumTypeInfo& CKvPeEnumBase::TypeEnum(IDispatch* object, DISPID dispid
     return *m_pTypeEnum;
 }
 
-void CKvPeEnumBase::Append(const VARIANT& value, std::wstring_view name) {
+void CKvPeEnumBase::Append(Entries& entries, const VARIANT& value, std::wstring_view name) {
     KvPeEnumEntry entry;
     fw::Ignore(entry.value.CopyFrom(value));  // a value that can't be copied matches none
     entry.name = fw::Bstr(name);
-    m_entries.push_back(std::move(entry));
+    entries.push_back(std::move(entry));
 }
 
 IUnknown* CKvPeEnumBase::FirstDynamicProperty() const {

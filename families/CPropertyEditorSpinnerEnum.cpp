@@ -3,6 +3,7 @@
 #include "core/CIPropEditUIEvents.h"
 #include "core/CTemporaryResourceOverride.h"
 #include "core/ClassCreators.h"
+#include "core/EditState.h"
 #include "core/ObjectWritability.h"
 #include "families/CKvPeComboTempl.h"
 #include "families/KvPeVariantCtrlTempl.h"
@@ -119,15 +120,20 @@ HRESULT CPropertyEditorSpinnerEnum::WriteElement(int item, bool& isWritable) con
 }
 
 HRESULT CPropertyEditorSpinnerEnum::EndEdit() {
+    // Neither a row that is out of edit nor one that is left in the middle of its write has a choice.
+    RETURN_HR_IF(S_OK, m_isCommitting);
+    const bool wasInEdit = m_state >= EditState_InEdit;
     const int former = m_nCurItem;
     const HRESULT ended = CKvPeEnumBase::EndEdit();
-    RETURN_HR_IF(ended, !HasList() || m_pList->GetCurSel() == former);
+    RETURN_HR_IF(ended, !wasInEdit || !HasList());
+    const int choice = m_pList->GetCurSel();
+    RETURN_HR_IF(ended, choice == former);
     if (m_events) {
         fw::Ignore(m_events->FireBeginPropertyUpdateEvent());  // a sink that fails stops no write
     }
     const fw::ComPtr<IDispatch> object = FirstObject();
     if (!object || IsObjectWritable(object.Get()) != 0) {
-        RETURN_IF_FAILED_EXPECTED(CommitElement());
+        RETURN_IF_FAILED_EXPECTED(CommitElement(choice));
     }
     TellEndOfUpdate();
     return ended;
@@ -135,10 +141,10 @@ HRESULT CPropertyEditorSpinnerEnum::EndEdit() {
 
 // Deliberate: the end of the update is told here and once more by EndEdit, as palettes that count them expect
 // of a row that has written the property and then its element.
-HRESULT CPropertyEditorSpinnerEnum::CommitElement() {
+HRESULT CPropertyEditorSpinnerEnum::CommitElement(int choice) {
     bool isWritable = false;
     fw::ClearErrorInfo();
-    const HRESULT written = WriteElement(m_pList->GetCurSel(), isWritable);
+    const HRESULT written = WriteElement(choice, isWritable);
     if (!isWritable) {
         return S_OK;
     }

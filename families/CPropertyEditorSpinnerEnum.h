@@ -27,7 +27,7 @@ private:
     [[nodiscard]] bool GetKey(unsigned& key) const;
     [[nodiscard]] HRESULT ReadElement(fw::Variant& value) const;
     [[nodiscard]] HRESULT WriteElement(int item, bool& isWritable) const;
-    [[nodiscard]] HRESULT CommitElement();
+    [[nodiscard]] HRESULT CommitElement(int choice);
     void TellEndOfUpdate();
 
     std::vector<long> m_pCookies;

@@ -1,6 +1,7 @@
 // The row's value: from the objects to an entry and back.
 #include "core/ModelessMarks.h"
 #include "core/ModuleTexts.h"
+#include "framework/com/Guarded.h"
 #include "framework/com/Variant.h"
 #include "host_sdk/KvDbLayerTable.h"
 #include "host_sdk/KvDbObjectPointer.h"
@@ -97,7 +98,8 @@ HRESULT CPropertyEditorLayer::SetSelectedItem(int index) {
             return E_FAIL;  // names no layer, so that no bracket is open
         }
     }
-    const HRESULT written = Write(name, type);
+    const HRESULT written =
+        fw::Guarded([&] { return Write(name, type); });  // the bracket is closed in any case
     if (bracket && !kvedIsLivePreviewRecording()) {
         kvedSendModelessOperationEnded(KVPE_MARK_CHANGE_LAYER);
     }

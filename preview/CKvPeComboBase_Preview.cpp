@@ -50,6 +50,9 @@ bool CKvPeComboBase::IsPreviewEnabled() {
 long CKvPeComboBase::Handle_OnListHover(UINT, WPARAM controlId, LPARAM item, BOOL& handled) {
     handled = controlId == KVPE_ID_LIST;
     const int entry = static_cast<int>(item);
+    if (handled) {
+        m_hoveredItem = entry;
+    }
     // The entry is compared first: the mouse moves many times over each, and each question goes to the host.
     if (!handled || entry == m_nPreviewItem || !IsPreviewEnabled()) {
         return S_OK;
@@ -59,6 +62,7 @@ long CKvPeComboBase::Handle_OnListHover(UINT, WPARAM controlId, LPARAM item, BOO
     preview.abortAll();
     m_nPreviewItem = stop ? m_nCurItem : entry;
     if (!stop) {
+        m_showsPreview = true;
         preview.queueAction(std::make_unique<CKvPeComboPreviewAction>(*this, entry, nullptr).release());
     } else if (kvedIsLivePreviewStarted()) {
         preview.endPreview();
@@ -67,6 +71,8 @@ long CKvPeComboBase::Handle_OnListHover(UINT, WPARAM controlId, LPARAM item, BOO
 }
 
 HRESULT CKvPeComboBase::EndLivePreview() {
+    m_showsPreview = false;
+    m_nPreviewItem = m_nCurItem;  // the entry that was shown can be shown again
     if (kvedIsLivePreviewStarted()) {
         KvEdLivePreview preview(CurrentHostDocument(), true);
         preview.abortAll();

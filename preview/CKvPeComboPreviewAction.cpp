@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/ShellHold.h"
 #include "families/CKvPeComboBase.h"
 #include "framework/com/Guarded.h"
 #include "preview/KvRestorableSet.h"
@@ -39,12 +40,15 @@ void CKvPeComboPreviewAction::ForgetControl(const CKvPePreviewAbleCtrlBase* cont
 Tolm::ErrorStatus CKvPeComboPreviewAction::Execute() {
     const HRESULT written = fw::Guarded([this]() -> HRESULT {
         RETURN_HR_IF(E_FAIL, m_pControl == nullptr);
+        // The write can bring the palette to let the row go.
+        const fw::ComPtr<IUnknown> shell = HoldShell(m_pControl->Events());
         KvRestorableSet restorables;
         fw::Ignore(m_pControl->GetPreviewRestorables(restorables));
-        const HRESULT result = m_pValue
-                                   ? m_pControl->SetPropertyValue(m_pValue->Address(), ValueType_Specific)
-                                   : m_pControl->SetSelectedItem(m_nItem);
-        // The write can bring the palette to let the row go.
+        // Guarded by itself: what the write disturbed is restored also behind an exception.
+        const HRESULT result = fw::Guarded([this] {
+            return m_pValue ? m_pControl->SetPropertyValue(m_pValue->Address(), ValueType_Specific)
+                            : m_pControl->SetSelectedItem(m_nItem);
+        });
         if (m_pControl != nullptr) {
             fw::Ignore(m_pControl->ReleasePreviewRestorables(restorables));
         }

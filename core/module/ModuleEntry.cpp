@@ -28,15 +28,13 @@ void DetachProcess(HINSTANCE instance) {
 }  // namespace
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void*) {
-    switch (reason) {
-        case DLL_PROCESS_ATTACH:
-            return AttachProcess(instance);
-        case DLL_PROCESS_DETACH:
-            DetachProcess(instance);
-            return TRUE;
-        default:
-            return TRUE;
+    if (reason == DLL_PROCESS_ATTACH) {
+        return AttachProcess(instance);
     }
+    if (reason == DLL_PROCESS_DETACH) {
+        DetachProcess(instance);
+    }
+    return TRUE;
 }
 
 STDAPI DllCanUnloadNow() {

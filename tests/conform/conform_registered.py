@@ -33,6 +33,9 @@ def main():
                "no module is registered" in errors and "kvpexctl-register" in errors)
 
     expect_none_registered("before")
+    status, _, errors = run(runner, register, "Z:" + os.path.abspath(__file__))
+    expect(f"no module: status {status}: {errors}", status == 1 and "failed with 0x" in errors)
+    expect_none_registered("after what is no module")
     try:
         expect("the module is registered", run(runner, register)[0] == 0)
 

@@ -224,4 +224,34 @@ TEST_F(SpinnerRow, EndEdit_RefusedElementWithoutReason_FailsSilently) {
     EXPECT_EQ(kvtest::CallsOnly(journal, {"MessageBox"}), kvtest::CallLines{});
 }
 
+TEST_F(SpinnerRow, EndEdit_WindowEndsAtTheSecondBegin_ChoiceIsWritten) {
+    MakePath(L"A", kvhost::OffersElementsOfObject);
+    Start();
+    Open();
+    List().SetCurSel(2);
+    int begun = 0;
+    shell.onEvent = [&](const std::wstring& event) {
+        if (event == L"OnBeginPropertyUpdate" && ++begun == 2) {
+            window.DestroyWindow();
+        }
+    };
+    fw::Ignore(row->EndEdit());
+    EXPECT_EQ(begun, 2);
+    EXPECT_EQ(Element(c_firstKey), 2);
+}
+
+TEST_F(SpinnerRow, LateCancelOutOfEdit_WritesNothing) {
+    kvhost::ScriptedObject& object = MakePath(L"A", kvhost::OffersElementsOfObject);
+    Start();
+    Open();
+    EXPECT_EQ(row->Handle_UIDeactivate(), S_OK);
+    List().SetCurSel(1);
+    object.script.FailCall(L"IPropertyElementAccess2.GetElementValue", 0, E_FAIL);
+    journal.Clear();
+    BOOL handled = TRUE;
+    EXPECT_EQ(row->OnSelectionCancel(1025, 0, 0, handled), E_FAIL);
+    EXPECT_NO_CALLS(kvtest::CallsOnly(journal, {"IPropertyElementAccess2.SetElementValue"}));
+    EXPECT_EQ(Element(c_firstKey), 0);
+}
+
 }  // namespace

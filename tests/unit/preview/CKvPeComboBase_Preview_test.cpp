@@ -297,4 +297,45 @@ TEST_F(ListPreview, Restorables_HoldWhetherTheUnspecifiedStateIsAllowed) {
     EXPECT_TRUE(static_cast<CKvPeComboBase&>(Row()).CKvPeComboBase::IsItemPreviewable(5));
 }
 
+TEST_F(ListPreview, CancelledEntry_IsShownAgain) {
+    Drop();
+    Mouse(WM_MOUSEMOVE, 2);
+    EXPECT_CALLS(kvtest::CallsOnly(journal, {"write"}), "write 2");
+    Key(VK_ESCAPE);
+    Drop();
+    Mouse(WM_MOUSEMOVE, 2);
+    EXPECT_CALLS(kvtest::CallsOnly(journal, {"write"}), "write 2");
+    Key(VK_ESCAPE);
+}
+
+TEST_F(ListPreview, RowIsLetGoWhileItShows_DrawingGetsItsStateBack) {
+    HoverAndShow(1);
+    EXPECT_TRUE(kvedIsLivePreviewStarted());
+    shell->Release();
+    shell = nullptr;
+    EXPECT_FALSE(kvedIsLivePreviewStarted());
+}
+
+TEST_F(ListPreview, PaletteWindowEndsWhileItShows_DrawingGetsItsStateBack) {
+    HoverAndShow(1);
+    frame.DestroyWindow();
+    kvtest::PumpWaiting();
+    Discard();
+    EXPECT_FALSE(kvedIsLivePreviewStarted());
+}
+
+TEST_F(ListPreview, WriteLeadsThePaletteToLetTheRowGo_ActionEndsInPeace) {
+    ULONG left = 0;
+    Row().script.onWrite = [&](int) {
+        CComObject<kvtest::ListShell>* const gone = std::exchange(shell, nullptr);
+        EXPECT_EQ(gone->Close(OLECLOSE_NOSAVE), S_OK);
+        EXPECT_EQ(gone->SetClientSite(nullptr), S_OK);
+        left = gone->Release();
+    };
+    EXPECT_EQ(Hover(1), S_OK);
+    kvtest::PumpWaiting();
+    EXPECT_EQ(shell, nullptr);
+    EXPECT_GT(left, 0U) << "the action holds the row that it writes by";
+}
+
 }  // namespace
