@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstring>
 #include <string>
 
 #include "core/CIPropEditUIEvents.h"
@@ -228,11 +229,17 @@ constexpr std::array c_slots{
 // pointers.
 using Slot = long (*)(void* object, void*, void*, void*, void*);
 
+const Slot* TableOf(const void* object) {
+    const Slot* table = nullptr;
+    std::memcpy(&table, object, sizeof table);
+    return table;
+}
+
 // The compiler's destructor takes two entries, so that slot n lies at index n.
 TEST(CKvPeCtrlBaseSlots, EachSlot_CalledByPosition_ReachesItsOperation) {
     static_assert(c_slots.size() == 72, "73 slots with the destructor");
     NamingControl control;
-    const Slot* const table = *reinterpret_cast<const Slot* const*>(&control);
+    const Slot* const table = TableOf(&control);
     for (std::size_t index = 0; index < c_slots.size(); ++index) {
         s_called.clear();
         table[index + 2](&control, nullptr, nullptr, nullptr, nullptr);
@@ -270,7 +277,7 @@ TEST(CIPropEditUIEventsSlots, EachSlot_CalledByPosition_ReachesItsOperation) {
                                "FireBeginModalEvent",
                                "FireEndModalEvent"};
     NamingEvents events;
-    const Slot* const table = *reinterpret_cast<const Slot* const*>(&events);
+    const Slot* const table = TableOf(&events);
     for (std::size_t index = 0; index < slots.size(); ++index) {
         table[index](&events, nullptr, nullptr, nullptr, nullptr);
         EXPECT_EQ(s_called, slots[index]) << "slot " << index + 1;
@@ -292,7 +299,7 @@ public:
 TEST(CKvPeBasePrivateSlots, EachSlot_CalledByPosition_ReachesItsOperation) {
     constexpr std::array slots{"GetControlWindowPtr", "GetInPlaceSite"};
     NamingShell shell;
-    const Slot* const table = *reinterpret_cast<const Slot* const*>(&shell);
+    const Slot* const table = TableOf(&shell);
     for (std::size_t index = 0; index < slots.size(); ++index) {
         table[index](&shell, nullptr, nullptr, nullptr, nullptr);
         EXPECT_EQ(s_called, slots[index]) << "slot " << index + 1;
